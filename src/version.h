@@ -1,0 +1,6 @@
+// The library's version, shown by the programs.
+#pragma once
+
+namespace kxc {
+const char* libraryVersion();
+}
