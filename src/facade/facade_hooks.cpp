@@ -1,0 +1,10 @@
+#include "facade/facade_hooks.h"
+
+namespace kxc {
+
+FacadeHooks& facadeHooks() {
+  static FacadeHooks hooks;
+  return hooks;
+}
+
+}  // namespace kxc

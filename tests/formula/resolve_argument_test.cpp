@@ -1,0 +1,50 @@
+#include "formula/resolve_argument.h"
+
+#include <gtest/gtest.h>
+
+#include "formula_fixture.h"
+
+namespace kxc::testing {
+namespace {
+
+class ResolveArgumentTest : public FormulaFixture {
+ protected:
+  ResolveArgumentTest() {
+    app->cell("A1")->setFormula("Sales");
+    app->cell("B2")->setFormula("2.5");
+    app->cell("C3")->setValue(cellerr::kNA);
+    app->defineName("Region", "D4");
+    app->cell("D4")->setFormula("West");
+  }
+};
+
+TEST_F(ResolveArgumentTest, ReferencesGiveTheirValueAsText) {
+  EXPECT_EQ(ResolveArgument("A1"), "Sales");
+  EXPECT_EQ(ResolveArgument("$A$1"), "Sales");
+  EXPECT_EQ(ResolveArgument("B2"), "2.5");
+  EXPECT_EQ(ResolveArgument("Region"), "West");
+  EXPECT_EQ(ResolveArgument("E5"), "");  // an empty cell
+}
+
+TEST_F(ResolveArgumentTest, AnythingElseGivesTheArgumentItself) {
+  EXPECT_EQ(ResolveArgument("North"), "North");
+  EXPECT_EQ(ResolveArgument(""), "");
+  EXPECT_EQ(ResolveArgument("C3"), "C3");  // an error value has no text
+  EXPECT_EQ(ResolveArgument(Variant(int32_t{7})), "7");
+  EXPECT_TRUE(services->messages.empty());
+}
+
+TEST_F(ResolveArgumentTest, WithoutApplicationEveryTextIsLiteral) {
+  gExcelSink->Initialise(nullptr);
+  EXPECT_EQ(ResolveArgument("A1"), "A1");
+}
+
+TEST_F(ResolveArgumentTest, ReferenceMeansResolvingChangesTheText) {
+  EXPECT_TRUE(isReference("A1"));
+  EXPECT_TRUE(isReference("E5"));
+  EXPECT_FALSE(isReference("North"));
+  EXPECT_FALSE(isReference(""));
+}
+
+}  // namespace
+}  // namespace kxc::testing

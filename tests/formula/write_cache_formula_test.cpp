@@ -1,0 +1,126 @@
+#include "formula/write_cache_formula.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "formula/formula_builder_port.h"
+#include "formula/parse_formula.h"
+#include "formula_fixture.h"
+
+namespace kxc::testing {
+namespace {
+
+CacheFormula record(std::string cache, std::string measure, std::vector<std::string> dims) {
+  CacheFormula f;
+  f.Cache = std::move(cache);
+  f.Measure = std::move(measure);
+  f.DimCount = static_cast<int32_t>(dims.size());
+  if (!dims.empty()) {
+    f.redimDims(f.DimCount);
+    for (int32_t i = 1; i <= f.DimCount; ++i) f.Dims(i) = dims[static_cast<size_t>(i - 1)];
+  }
+  return f;
+}
+
+struct TextCase {
+  CacheFormula formula;
+  std::string text;
+};
+
+class CacheFormulaTextTest : public FormulaFixture, public ::testing::WithParamInterface<TextCase> {
+ protected:
+  CacheFormulaTextTest() {
+    app->cell("A1")->setFormula("Sales");
+    app->cell("Q1")->setFormula("North");
+    app->defineName("Region", "C3");
+    app->cell("C3")->setFormula("West");
+  }
+};
+
+TEST_P(CacheFormulaTextTest, BuildsFormulaText) {
+  EXPECT_EQ(cacheFormulaText(GetParam().formula), GetParam().text);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Writing, CacheFormulaTextTest,
+    ::testing::Values(
+        TextCase{record("Sales", "2", {"", "West"}), R"(=BV_KXCSUM("Sales",2,"<ALL>","West"))"},
+        TextCase{record("Sales", "2", {"North", "", ""}), R"(=BV_KXCSUM("Sales",2,"North"))"},
+        TextCase{record("Sales", "2", {"North", "<ALL>"}),
+                 R"(=BV_KXCSUM("Sales",2,"North","<ALL>"))"},
+        TextCase{record("Sales", "2", {"", "", ""}), R"(=BV_KXCSUM("Sales",2))"},
+        TextCase{record("Sales", "", {}), R"(=BV_KXCSUM("Sales",))"},
+        TextCase{record("A1", "B1", {}), "=BV_KXCSUM(A1,B1)"},
+        // Member texts that are references are written bare.
+        TextCase{record("Sales", "2", {"Q1", "$Q$1", "Region", "North"}),
+                 R"(=BV_KXCSUM("Sales",2,Q1,$Q$1,Region,"North"))"},
+        TextCase{record("Ventes été", "1", {"", "Zürich"}),
+                 R"(=BV_KXCSUM("Ventes été",1,"<ALL>","Zürich"))"}));
+
+TEST_F(FormulaFixture, ParsedFormulasWriteBackTheSameText) {
+  app->cell("A1")->setFormula("Sales");
+  for (std::string text : {R"(=BV_KXCSUM("Sales",2,"North","<ALL>","2004"))", "=BV_KXCSUM(A1,B1)",
+                           R"(=BV_KXCSUM("Sales",2,"<ALL>","West"))", R"(=BV_KXCSUM("A,B",1))"}) {
+    EXPECT_EQ(cacheFormulaText(ParseFormula(text)), text);
+  }
+  // A bare literal and a quoted one parse alike and are written back quoted.
+  EXPECT_EQ(cacheFormulaText(ParseFormula(R"(=BV_KXCSUM("Sales",2,North))")),
+            R"(=BV_KXCSUM("Sales",2,"North"))");
+}
+
+class FakeBuilder : public FormulaBuilderPort {
+ public:
+  bool Cancelled() const override { return cancelled; }
+  void Unload() override { ++unloads; }
+  bool cancelled = false;
+  int unloads = 0;
+};
+
+class WriteCacheFormulaTest : public FormulaFixture {
+ protected:
+  WriteCacheFormulaTest() { setFormulaBuilder(builder); }
+  ~WriteCacheFormulaTest() override { setFormulaBuilder(nullptr); }
+  std::shared_ptr<FakeBuilder> builder = std::make_shared<FakeBuilder>();
+};
+
+TEST_F(WriteCacheFormulaTest, WritesCurrentFormulaIntoActiveCell) {
+  auto cell = app->cell("D4");
+  gActiveCell = cell;
+  gCurrentFormula = record("Sales", "2", {"North"});
+  WriteCacheFormula();
+  EXPECT_EQ(cell->formula(), R"(=BV_KXCSUM("Sales",2,"North"))");
+  EXPECT_EQ(builder->unloads, 0);
+  EXPECT_EQ(gActiveCell, cell);
+}
+
+TEST_F(WriteCacheFormulaTest, CancelledBuilderLeavesCellAndForgetsIt) {
+  auto cell = app->cell("D4");
+  cell->setFormula("12");
+  gActiveCell = cell;
+  gCurrentFormula = record("Sales", "2", {});
+  builder->cancelled = true;
+  WriteCacheFormula();
+  EXPECT_EQ(cell->formula(), "12");
+  EXPECT_EQ(builder->unloads, 1);
+  EXPECT_EQ(gActiveCell, nullptr);
+  EXPECT_EQ(services->doEventsCount, 1);
+}
+
+TEST_F(WriteCacheFormulaTest, NoActiveCellIsIgnoredSilently) {
+  gCurrentFormula = record("Sales", "2", {});
+  WriteCacheFormula();
+  EXPECT_TRUE(services->messages.empty());
+}
+
+TEST_F(FormulaFixture, WithoutBuilderTheFormulaIsWritten) {
+  auto cell = app->cell("A2");
+  gActiveCell = cell;
+  gCurrentFormula = record("Sales", "1", {});
+  WriteCacheFormula();
+  EXPECT_EQ(cell->formula(), R"(=BV_KXCSUM("Sales",1))");
+}
+
+}  // namespace
+}  // namespace kxc::testing
