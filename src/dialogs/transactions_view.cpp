@@ -1,0 +1,28 @@
+#include "dialogs/transactions_view.h"
+
+#include <utility>
+
+#include "platform/runtime_error.h"
+
+namespace kxc {
+
+namespace {
+
+TransactionsViewProvider& installed() {
+  static TransactionsViewProvider provider;
+  return provider;
+}
+
+}  // namespace
+
+void setTransactionsViewProvider(TransactionsViewProvider provider) {
+  installed() = std::move(provider);
+}
+
+std::shared_ptr<TransactionsView> transactionsView() {
+  std::shared_ptr<TransactionsView> view = installed() ? installed()() : nullptr;
+  if (!view) throw RuntimeError(err::kObjectNotSet);
+  return view;
+}
+
+}  // namespace kxc

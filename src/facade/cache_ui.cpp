@@ -1,0 +1,127 @@
+#include "facade/cache_ui.h"
+
+#include "dialogs/tm_drilldown.h"
+#include "facade/engine_contract.h"
+#include "facade/facade_hooks.h"
+#include "facade/tm_globals.h"
+#include "formula/cache_formula_pattern.h"
+#include "formula/parse_formula.h"
+#include "formula/resolve_argument.h"
+#include "host/tm_excel.h"
+#include "platform/error_report.h"
+#include "platform/object_factory.h"
+#include "platform/runtime_error.h"
+
+namespace kxc {
+
+namespace {
+
+const host::ApplicationRef& hostApplication() {
+  const host::ApplicationRef& app = gExcelSink->oExcel();
+  if (!app) throw RuntimeError(err::kObjectNotSet);
+  return app;
+}
+
+// Parses a qualifying cell's formula into gCurrentFormula and makes sure the engine has its
+// cache loaded. The drill-down goes on whatever the engine answers.
+void takeCurrentFormula(const std::string& formula) {
+  gCurrentFormula = ParseFormula(formula);
+  cacheEngine().EnsureCacheLoad(byVal(ResolveArgument(gCurrentFormula.Cache)));
+}
+
+void drillSingleCell(const host::ApplicationRef& app) {
+  std::string formula = app->activeCell()->formula();
+  if (formula.empty()) return;
+  if (!isCacheFormula(formula) && !isNegatedCacheFormula(formula)) return;
+  takeCurrentFormula(formula);
+  DrilldownClear();
+  DrilldownAddCriteria();
+  ExecutePopulateTrans();
+}
+
+// Only the plain form counts here; a negated cache formula among several cells is skipped.
+void drillSeveralCells(const host::ApplicationRef& app) {
+  DrilldownClear();
+  for (const host::RangeRef& cell : app->selection()->cellList()) {
+    std::string formula = cell->formula();
+    if (formula.empty() || !isCacheFormula(formula)) continue;
+    gCurrentFormula.clear();
+    takeCurrentFormula(formula);
+    DrilldownAddCriteria();
+  }
+  ExecutePopulateTrans();
+}
+
+}  // namespace
+
+Variant CacheUI::Initialise(host::ApplicationRef& xExcel, ObjectRef& mCache) {
+  reportingErrors("clsBvCubeQueryUI Initialise", [&] {
+    gCacheEngine = mCache;
+    gCacheManager = createObject(kCacheManagerProgId);
+    host::ApplicationRef application = xExcel;
+    gExcelSink->Initialise(application);
+    xExcel = application;
+  });
+  return Variant();
+}
+
+std::string CacheUI::ShowFormulaBuilder(std::string& CellFormula) {
+  reportingErrors("clsBvCubeQueryUI ShowFormulaBuilder", [&] {
+    gActiveCell = hostApplication()->activeCell();
+    const auto& showFormulaEdit = facadeHooks().showFormulaEdit;
+    if (!showFormulaEdit) throw RuntimeError(err::kObjectNotSet);
+    showFormulaEdit(CellFormula);
+  });
+  return "";
+}
+
+void CacheUI::CacheManager() {
+  ignoringErrors([] {
+    if (!gCacheManager) gCacheManager = createObject(kCacheManagerProgId);
+    cacheManager().Window(byRef(gCacheEngine));
+  });
+}
+
+void CacheUI::Shutdown() {
+  ignoringErrors([] { cacheManager().Shutdown(); });
+  gCacheManager.reset();
+}
+
+std::string CacheUI::ShowLookup() { return ""; }
+
+void CacheUI::StartDrillDownTrans() {
+  reportingErrors("CacheUI - StartDrillDownTrans", [] {
+    gCurrentFormula.clear();
+    const host::ApplicationRef& app = hostApplication();
+    int32_t selected = app->rangeSelection()->count();
+    if (selected == 1) {
+      drillSingleCell(app);
+    } else if (selected > 1) {
+      drillSeveralCells(app);
+    }
+  });
+}
+
+void CacheUI::ChangeCurrentLang(int16_t& LangId) {
+  ignoringErrors([&] {
+    const auto& setCurrentLanguage = facadeHooks().setCurrentLanguage;
+    if (setCurrentLanguage) setCurrentLanguage(LangId);
+  });
+}
+
+void CacheUI::ToggleWriteBack() {
+  ignoringErrors([] {
+    if (gWriteBack) {
+      gWriteBack.reset();
+      return;
+    }
+    const auto& createWriteBack = facadeHooks().createWriteBack;
+    if (!createWriteBack) throw RuntimeError(err::kObjectNotSet);
+    gWriteBack = createWriteBack();
+    if (!gWriteBack) throw RuntimeError(err::kObjectNotSet);
+    host::ApplicationRef application = gExcelSink->oExcel();
+    gWriteBack->Initialise(application);
+  });
+}
+
+}  // namespace kxc

@@ -1,0 +1,162 @@
+#include "formula/formula_dialog_fill.h"
+
+#include <optional>
+
+#include "dialogs/frm_cache_formula.h"
+#include "facade/engine_contract.h"
+#include "facade/tm_globals.h"
+#include "formula/resolve_argument.h"
+#include "platform/error_report.h"
+#include "platform/text_rules.h"
+#include "platform/tm_win_reg.h"
+
+namespace kxc {
+
+namespace {
+
+constexpr const char* kRememberedCache = "CacheName";
+constexpr const char* kRememberedMeasure = "MeasureIndex";
+
+std::string dimensionCaption(const std::string& cache, int32_t dimension) {
+  return cacheEngine()
+      .DimensionCaption(byVal(cache), byVal(static_cast<int16_t>(dimension)))
+      .toText();
+}
+
+// The part of selecting a cache that follows naming it: the dimension array and the dialog.
+void showSelectedCache() {
+  CacheFormula& f = gCurrentFormula;
+  f.DimCount = cacheEngine().DimensionCount(byRef(f.Cache)).toInt32();
+  // A cache without dimensions has no array to create (an empty one cannot exist).
+  if (f.DimCount >= 1) {
+    f.redimDims(f.DimCount);
+  } else {
+    f.eraseDims();
+  }
+
+  FrmCacheFormula& dialog = frmCacheFormula();
+  dialog.txtCache().setText(f.Cache);
+  dialog.lblCacheVal().setCaption(dialog.txtCache().text());
+  dialog.txtMeasureIndex().setText("");
+  dialog.lblMeasureIndexVal().setCaption("");
+  // The grid is emptied before the dimension editor: clearing the editor must not store its
+  // old text into a row of the previous cache.
+  dialog.lvDimensions().listItems().clear();
+  dialog.txtDimensions().setText("");
+  dialog.lblDimensions().setCaption("");
+
+  const std::string cache = ResolveArgument(f.Cache);
+  int32_t n = 0;
+  for (int32_t i = 1; i <= kMaxDimensionRows && i <= f.DimCount; ++i) {
+    ++n;
+    AddDimensionRow(dialog.lvDimensions(), n, dimensionRowKey(n), dimensionCaption(cache, i), "",
+                    "");
+  }
+}
+
+// The engine's first cache, named by the 16-bit index 1.
+void selectFirstCache() {
+  gCurrentFormula.CacheIndex = 1;
+  gCurrentFormula.Cache = cacheEngine().cachename(byVal(int16_t{1})).toText();
+  showSelectedCache();
+}
+
+}  // namespace
+
+std::string dimensionRowKey(int32_t n) { return "D" + std::to_string(n); }
+
+void AddDimensionRow(controls::ListView& list, int32_t rowNumber, const std::string& key,
+                     const std::string& text, const std::string& subItem1,
+                     const std::string& subItem2) {
+  controls::ListItem item = list.listItems().add(rowNumber, key, text);
+  item.setSubItem(1, subItem1);
+  item.setSubItem(2, subItem2);
+}
+
+void EnableCacheControls(bool enabled) {
+  FrmCacheFormula& dialog = frmCacheFormula();
+  dialog.frDim().setEnabled(enabled);
+  dialog.cmdMeasureIndex().setEnabled(enabled);
+  dialog.txtMeasureIndex().setEnabled(enabled);
+}
+
+void SelectCache(int32_t& index) {
+  gCurrentFormula.CacheIndex = index;
+  gCurrentFormula.Cache = cacheEngine().cachename(byRef(index)).toText();
+  showSelectedCache();
+}
+
+int16_t FillFormulaDialog(const std::string&) {
+  CacheFormula& f = gCurrentFormula;
+  FrmCacheFormula& dialog = frmCacheFormula();
+  dialog.txtCache().setText(f.Cache);
+  const std::string cache = ResolveArgument(f.Cache);
+  dialog.lblCacheVal().setCaption(cache);
+
+  if (f.Measure.empty()) {
+    std::string remembered;
+    if (GetRegString(HKEY_CURRENT_USER, kCacheSettingsKey, kRememberedMeasure, remembered) ==
+            kRegOk &&
+        !remembered.empty()) {
+      const double number = leadingNumber(remembered);
+      f.MeasureIndex = Variant(number).toInt32();
+      f.Measure = formatNumber(number);
+    }
+  }
+  dialog.txtMeasureIndex().setText(f.Measure);
+  dialog.lblMeasureIndexVal().setCaption(
+      cacheEngine().MeasureCaption(byVal(cache), byRef(f.MeasureIndex)).toText());
+
+  fillDimensionRows(cache);
+  return 0;
+}
+
+void fillDimensionRows(const std::string& cache) {
+  const CacheFormula& f = gCurrentFormula;
+  controls::ListView& grid = frmCacheFormula().lvDimensions();
+  grid.listItems().clear();
+  std::optional<int32_t> cacheDimensions;
+  int32_t n = 0;
+  for (int32_t i = 1; i <= kMaxDimensionRows; ++i) {
+    if (i <= f.DimCount) {
+      ++n;
+      const std::string& argument = f.Dims(i);
+      AddDimensionRow(grid, n, dimensionRowKey(n), dimensionCaption(cache, i), argument,
+                      ResolveArgument(argument));
+      continue;
+    }
+    if (!cacheDimensions) {
+      cacheDimensions = cacheEngine().DimensionCount(byVal(cache)).toInt32();
+    }
+    if (i > *cacheDimensions) break;
+    ++n;
+    AddDimensionRow(grid, n, dimensionRowKey(n), dimensionCaption(cache, i), "", "");
+  }
+}
+
+void SelectDefaultCache() {
+  ignoringErrors([] {
+    std::string name;
+    if (GetRegString(HKEY_CURRENT_USER, kCacheSettingsKey, kRememberedCache, name) != kRegOk) {
+      if (cacheEngine().CacheCount().toDouble() < 1) {
+        EnableCacheControls(false);
+        return;
+      }
+      selectFirstCache();
+    } else if (!name.empty()) {
+      int32_t index = cacheEngine().EnsureCacheLoad(byRef(name)).toInt32();
+      if (index == -1) {
+        EnableCacheControls(false);
+        return;
+      }
+      SelectCache(index);
+    } else {
+      // Unlike a missing name, an empty one does not ask how many caches there are.
+      selectFirstCache();
+    }
+    FillFormulaDialog();
+    EnableCacheControls(true);
+  });
+}
+
+}  // namespace kxc
