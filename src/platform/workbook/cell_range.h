@@ -44,7 +44,7 @@ class CellRange : public host::Range {
 
   const std::vector<Block>& blocks() const { return blocks_; }
 
-  static constexpr int64_t kMaxListedCells = int64_t{1} << 22;
+  static constexpr int64_t kMaxListedCells = int64_t{1} << 20;
 
  private:
   Spreadsheet& model() const { return owner_->spreadsheet(); }
