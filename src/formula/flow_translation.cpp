@@ -7,6 +7,12 @@ namespace kxc {
 
 namespace {
 
+// Until the process globals hold the language object, the flows keep their own.
+Language& language() {
+  static AutoCreated<Language> instance;
+  return *instance;
+}
+
 class GlobalLanguageTranslator : public FormTranslator {
  public:
   void translateForm(controls::Form& form) override { translateWholeForm(form); }
@@ -16,10 +22,10 @@ class GlobalLanguageTranslator : public FormTranslator {
 }  // namespace
 
 std::string flowText(const std::string& key, const std::optional<Variant>& param) {
-  return gLanguage->TransMes(key, param);
+  return language().TransMes(key, param);
 }
 
-void translateWholeForm(controls::Form& form) { gLanguage->TranslateForm(form); }
+void translateWholeForm(controls::Form& form) { language().TranslateForm(form); }
 
 FormTranslator& flowFormTranslator() {
   static GlobalLanguageTranslator translator;

@@ -39,8 +39,7 @@ std::string ShowFormulaEdit(std::string& formulaText) {
     dialog.form().load();
     if (holdsFormula(formulaText)) {
       gCurrentFormula = ParseFormula(formulaText);
-      Variant loaded =
-          cacheEngine().EnsureCacheLoad(byVal(ResolveArgument(gCurrentFormula.Cache)));
+      Variant loaded = cacheEngine().EnsureCacheLoad(byVal(ResolveArgument(gCurrentFormula.Cache)));
       if (isFailure(loaded)) {
         gCurrentFormula.clear();
         SelectDefaultCache();

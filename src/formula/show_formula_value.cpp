@@ -47,9 +47,8 @@ Variant ShowFormulaValue() {
 
   int16_t dimensions = 0;
   ignoringErrors([&] {
-    dimensions = cacheEngine()
-                     .DimensionCount(byVal(ResolveArgument(gCurrentFormula.Cache)))
-                     .toInt16();
+    dimensions =
+        cacheEngine().DimensionCount(byVal(ResolveArgument(gCurrentFormula.Cache))).toInt16();
   });
   DimensionFilters filters;
   for (int32_t i = 1; i <= dimensions; ++i) {

@@ -21,5 +21,4 @@ Variant ShowFormulaValue();
 // double; 0 on any error, without a message. `cache` and `measure` travel by reference.
 double GetFormulaValue(std::string& cache, int32_t& measure, DimensionFilters& filters);
 
-
 }  // namespace kxc

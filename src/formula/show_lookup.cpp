@@ -65,16 +65,14 @@ void fillMembers(FrmLookup& lookup, std::string& cache, const std::string& kind)
         cacheEngine().DimensionMemberValue(byRef(cache), byRef(dimension), byRef(member)).toText();
     controls::ListItem item = items.add(j, "dim" + std::to_string(j), std::move(value));
     member = j;
-    item.setSubItem(
-        1, cacheEngine()
-               .DimensionMemberCaption(byRef(cache), byRef(dimension), byRef(member))
-               .toText());
+    item.setSubItem(1, cacheEngine()
+                           .DimensionMemberCaption(byRef(cache), byRef(dimension), byRef(member))
+                           .toText());
   }
   items.add(1, "1all", "<ALL>");
   lookup.ListVSingleMode("False");
   lookup.lvList().setMultiSelect(true);
-  lookup.form().setCaption(
-      cacheEngine().DimensionCaption(byRef(cache), byRef(dimension)).toText());
+  lookup.form().setCaption(cacheEngine().DimensionCaption(byRef(cache), byRef(dimension)).toText());
 }
 
 void preselectRow(FrmLookup& lookup, const Variant& current) {
