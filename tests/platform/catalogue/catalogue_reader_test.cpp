@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 
@@ -121,9 +120,7 @@ TEST(CatalogueReader, ReadsAFileFromDisk) {
 }
 
 TEST(CatalogueReader, ReadsTheShippedCatalogues) {
-  const char* source = std::getenv("KXC_SOURCE_DIR");
-  if (!source) GTEST_SKIP() << "KXC_SOURCE_DIR is not set";
-  std::string data = std::string(source) + "/data/";
+  std::string data = KXC_TEST_DATA_DIR "/";
   auto languages = readCatalogueFile(data + "TmBvCacheLanguages.xml");
   ASSERT_FALSE(languages.problem) << languages.problem->reason;
   EXPECT_GE(languages.table->columnNames().size(), 18u);
