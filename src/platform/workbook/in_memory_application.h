@@ -11,6 +11,7 @@
 
 #include "platform/host/application.h"
 #include "platform/host/worksheet_functions.h"
+#include "platform/workbook/address_writer.h"
 #include "platform/workbook/cell_range.h"
 #include "platform/workbook/command_bar_set.h"
 #include "platform/workbook/event_hub.h"
