@@ -104,8 +104,12 @@ int16_t FillFormulaDialog(const std::string&) {
     }
   }
   dialog.txtMeasureIndex().setText(f.Measure);
+  // Without a measure there is no caption to ask for: engines refuse measure 0, and that must
+  // not keep a new formula's dialog from being filled.
   dialog.lblMeasureIndexVal().setCaption(
-      cacheEngine().MeasureCaption(byVal(cache), byRef(f.MeasureIndex)).toText());
+      f.Measure.empty()
+          ? std::string()
+          : cacheEngine().MeasureCaption(byVal(cache), byRef(f.MeasureIndex)).toText());
 
   fillDimensionRows(cache);
   return 0;

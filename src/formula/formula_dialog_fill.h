@@ -22,7 +22,8 @@ void EnableCacheControls(bool enabled);
 
 // Fills the builder from gCurrentFormula: the cache and its resolved value, the measure (the
 // remembered "MeasureIndex" when the formula has none: MeasureIndex its rounded leading number,
-// Measure that number written without rounding) with its caption, and one grid row per
+// Measure that number written without rounding) with its caption (none while there is no
+// measure), and one grid row per
 // dimension argument, then an empty row per further dimension of the cache, at most 20 rows.
 // `cacheValue` is not read. Always returns 0; raises what the engine or host raises.
 int16_t FillFormulaDialog(const std::string& cacheValue = {});
