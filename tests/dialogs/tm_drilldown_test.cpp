@@ -46,7 +46,7 @@ class TmDrilldownTest : public FacadeFixture {
 };
 
 TEST_F(TmDrilldownTest, MissingAndEmptyArgumentsAreSentAsAll) {
-  app->cell("B1")->setFormula("West");
+  app->setCell("B1", "West");
   addCriteriaFor(R"(=BV_KXCSUM("Sales",1,"North",,B1))", 5);
   std::vector<Variant> filters = sentFilters();
   ASSERT_EQ(filters.size(), 20u);
@@ -81,7 +81,7 @@ TEST_F(TmDrilldownTest, CacheWithMoreThanTwentyDimensionsSendsTwenty) {
 }
 
 TEST_F(TmDrilldownTest, DimensionCountIsAskedForTheResolvedCacheByValue) {
-  app->cell("A1")->setFormula("Sales");
+  app->setCell("A1", "Sales");
   addCriteriaFor("=BV_KXCSUM(A1,1)", 0);
   auto count = engine->callsTo("DimensionCount");
   ASSERT_EQ(count.size(), 1u);
@@ -111,7 +111,7 @@ TEST_F(TmDrilldownTest, OddDimensionCountResultsAreIgnored) {
 }
 
 TEST_F(TmDrilldownTest, ExecutePopulateTransFillsTheFormsGridThenShowsIt) {
-  app->cell("A1")->setFormula("Sales");
+  app->setCell("A1", "Sales");
   gCurrentFormula.Cache = "A1";
   ExecutePopulateTrans();
   auto run = engine->callsTo("ExecutePopulateTrans");

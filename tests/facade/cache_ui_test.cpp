@@ -20,7 +20,11 @@ TEST_F(FacadeFixture, InitialiseKeepsEngineCreatesManagerAndHooksEvents) {
   EXPECT_EQ(gCacheManager, managers[0]);
   EXPECT_EQ(gExcelSink->oExcel(), app);
   EXPECT_EQ(xExcel, app);
-  EXPECT_EQ(app->sinks.size(), 1u);
+  app->doubleClick("B2");
+  app->uninstallAddin("Other.xla");
+  ASSERT_FALSE(sink.expired());
+  EXPECT_EQ(sink.lock()->doubleClicks, 1);
+  EXPECT_EQ(sink.lock()->uninstalls, 1);
   EXPECT_TRUE(services->messages.empty());
 }
 
@@ -30,14 +34,15 @@ TEST_F(FacadeFixture, InitialiseWhoseManagerCannotBeCreatedReportsOnceAndHooksNo
   EXPECT_THAT(services->messages, ElementsAre(MessageRecord{"ActiveX component can't create object "
                                                             "clsBvCubeQueryUI Initialise",
                                                             "Error", 48}));
-  EXPECT_TRUE(app->sinks.empty());
+  app->doubleClick("B2");
+  EXPECT_TRUE(sink.expired());  // never created, so nothing was hooked
   EXPECT_EQ(gExcelSink->oExcel(), nullptr);
   EXPECT_EQ(gCacheEngine, engine);  // kept before the creation failed
 }
 
 TEST_F(FacadeFixture, ShowFormulaBuilderOpensEditOnActiveCell) {
   initialise();
-  app->selectCells({"D4"});
+  app->select("D4");
   std::string seen;
   facadeHooks().showFormulaEdit = [&](std::string& text) {
     seen = text;
@@ -46,7 +51,8 @@ TEST_F(FacadeFixture, ShowFormulaBuilderOpensEditOnActiveCell) {
   std::string formula = R"(=BV_KXCSUM("Sales",1))";
   EXPECT_EQ(ui.ShowFormulaBuilder(formula), "");
   EXPECT_EQ(seen, formula);
-  EXPECT_EQ(gActiveCell, app->cell("D4"));
+  ASSERT_NE(gActiveCell, nullptr);
+  EXPECT_EQ(gActiveCell->address(), "$D$4");
   EXPECT_TRUE(services->messages.empty());
 }
 
@@ -54,7 +60,7 @@ TEST_F(FacadeFixture, ShowFormulaBuilderFailuresAreReportedWithItsLocation) {
   std::string formula;
   ui.ShowFormulaBuilder(formula);  // not initialised: no application
   initialise();
-  app->selectCells({"A1"});
+  app->select("A1");
   ui.ShowFormulaBuilder(formula);  // no formula builder installed
   const std::string text =
       "Object variable or With block variable not set clsBvCubeQueryUI ShowFormulaBuilder";

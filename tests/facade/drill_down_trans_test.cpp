@@ -16,14 +16,12 @@ class StartDrillDownTransTest : public FacadeFixture {
     initialise();
     engine->script("DimensionCount", Variant(int32_t{2}));
   }
-  void put(const std::string& cell, const std::string& formula) {
-    app->cell(cell)->setFormula(formula);
-  }
+  void put(const std::string& cell, const std::string& formula) { app->setCell(cell, formula); }
 };
 
 TEST_F(StartDrillDownTransTest, SingleNegatedLowerCaseFormulaIsDrilled) {
   put("A1", R"(=-bv_kxcsum("Sales",1,"North"))");
-  app->selectCells({"A1"});
+  app->select("A1");
   ui.StartDrillDownTrans();
   EXPECT_EQ(engine->memberSequence(),
             (Members{"CacheFind", "EnsureCacheLoad", "DrilldownClear", "DimensionCount",
@@ -38,7 +36,7 @@ TEST_F(StartDrillDownTransTest, NegatedFormulaAmongSeveralCellsIsSkipped) {
   put("A1", R"(=-bv_kxcsum("Sales",1,"North"))");
   put("A2", R"(=bv_kxcsum("Sales",1,"West"))");
   put("A3", "12");
-  app->selectCells({"A1", "A2", "A3"});
+  app->select("A1:A3");
   ui.StartDrillDownTrans();
   EXPECT_EQ(engine->memberSequence(),
             (Members{"DrilldownClear", "CacheFind", "EnsureCacheLoad", "DimensionCount",
@@ -49,7 +47,7 @@ TEST_F(StartDrillDownTransTest, NegatedFormulaAmongSeveralCellsIsSkipped) {
 TEST_F(StartDrillDownTransTest, SeveralCellsGiveOneCriteriaRowEachAndOneQuery) {
   put("B1", R"(=BV_KXCSUM("Sales",1,"North"))");
   put("B2", R"(=BV_KXCSUM("Sales",1,"South","2004"))");
-  app->selectCells({"B1", "B2"});
+  app->select("B1:B2");
   ui.StartDrillDownTrans();
   auto criteria = engine->callsTo("DrilldownAddCriteria");
   ASSERT_EQ(criteria.size(), 2u);
@@ -64,7 +62,7 @@ TEST_F(StartDrillDownTransTest, SeveralCellsGiveOneCriteriaRowEachAndOneQuery) {
 TEST_F(StartDrillDownTransTest, SeveralCellsWithoutCacheFormulaStillRunAnEmptyDrillDown) {
   put("C1", "=SUM(1,2)");
   put("C2", "text");
-  app->selectCells({"C1", "C2", "C3"});
+  app->select("C1:C3");
   ui.StartDrillDownTrans();
   EXPECT_EQ(engine->memberSequence(), (Members{"DrilldownClear", "ExecutePopulateTrans"}));
   auto run = engine->callsTo("ExecutePopulateTrans");
@@ -76,7 +74,7 @@ TEST_F(StartDrillDownTransTest, SingleCellWithoutCacheFormulaDoesNothing) {
   for (std::string formula :
        {"", "12", "=SUM(A2)", "=BV_KXCSU(1)", "=+BV_KXCSUM(\"S\",1)", " =BV_KXCSUM(\"S\",1)"}) {
     put("D1", formula);
-    app->selectCells({"D1"});
+    app->select("D1");
     ui.StartDrillDownTrans();
   }
   EXPECT_TRUE(engine->calls().empty());
@@ -84,18 +82,11 @@ TEST_F(StartDrillDownTransTest, SingleCellWithoutCacheFormulaDoesNothing) {
   EXPECT_TRUE(services->messages.empty());
 }
 
-TEST_F(StartDrillDownTransTest, NoSelectedCellDoesNothing) {
-  app->selectCells({});
-  ui.StartDrillDownTrans();
-  EXPECT_TRUE(engine->calls().empty());
-  EXPECT_TRUE(services->messages.empty());
-}
-
 TEST_F(StartDrillDownTransTest, RejectedCacheStillDrills) {
   engine->script("EnsureCacheLoad", Variant(int32_t{-1}));
   put("A1", "=BV_KXCSUM(E1,1)");
   put("E1", "Sales");
-  app->selectCells({"A1"});
+  app->select("A1");
   ui.StartDrillDownTrans();
   auto load = engine->callsTo("EnsureCacheLoad");
   ASSERT_EQ(load.size(), 1u);
@@ -107,7 +98,7 @@ TEST_F(StartDrillDownTransTest, RejectedCacheStillDrills) {
 TEST_F(StartDrillDownTransTest, EngineFailureIsReportedWithItsLocation) {
   engine->fail("ExecutePopulateTrans", 1004, "Query failed");
   put("A1", R"(=BV_KXCSUM("Sales",1))");
-  app->selectCells({"A1"});
+  app->select("A1");
   ui.StartDrillDownTrans();
   EXPECT_THAT(services->messages, ElementsAre(MessageRecord{
                                       "Query failed CacheUI - StartDrillDownTrans", "Error", 48}));
@@ -117,7 +108,7 @@ TEST_F(StartDrillDownTransTest, EngineFailureIsReportedWithItsLocation) {
 TEST_F(StartDrillDownTransTest, MissingTransactionsFormIsReported) {
   setTransactionsViewProvider(nullptr);
   put("A1", R"(=BV_KXCSUM("Sales",1))");
-  app->selectCells({"A1"});
+  app->select("A1");
   ui.StartDrillDownTrans();
   EXPECT_THAT(services->messages,
               ElementsAre(MessageRecord{"Object variable or With block variable not set "

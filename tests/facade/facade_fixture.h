@@ -13,9 +13,9 @@
 #include "facade/cache_ui.h"
 #include "facade/facade_hooks.h"
 #include "facade/tm_globals.h"
-#include "formula/fake_host.h"
 #include "host/tm_excel.h"
 #include "platform/object_factory.h"
+#include "platform/workbook/in_memory_application.h"
 #include "support/recording_engine.h"
 #include "support/recording_services.h"
 
@@ -31,18 +31,36 @@ class FakeTransactionsView : public TransactionsView {
   std::vector<std::string> steps;
 };
 
+// The event sink the tests install in gExcelSink: counts the events that reach it.
+class CountingExcelSink : public TmExcel {
+ public:
+  void oExcel_SheetBeforeDoubleClick(host::Worksheet&, const host::RangeRef&, bool&) override {
+    ++doubleClicks;
+  }
+  void oExcel_WorkbookAddinUninstall(host::Workbook&) override { ++uninstalls; }
+  int doubleClicks = 0;
+  int uninstalls = 0;
+};
+
 class FacadeFixture : public ::testing::Test {
  protected:
   FacadeFixture() {
     resetGlobals();
+    app->addWorkbook("Book1.xlsx");
     ObjectFactory::instance().registerCreator(kCacheManagerProgId, [this] {
       managers.push_back(std::make_shared<RecordingEngine>());
       return managers.back();
     });
     setTransactionsViewProvider([this] { return view; });
+    gExcelSink.setCreator([this] {
+      auto created = std::make_shared<CountingExcelSink>();
+      sink = created;
+      return created;
+    });
   }
   ~FacadeFixture() override {
     resetGlobals();
+    gExcelSink.setCreator(nullptr);
     ObjectFactory::instance().unregister(kCacheManagerProgId);
     setTransactionsViewProvider(nullptr);
     facadeHooks() = FacadeHooks();
@@ -57,8 +75,9 @@ class FacadeFixture : public ::testing::Test {
 
   ScopedRecordingServices services;
   std::shared_ptr<RecordingEngine> engine = std::make_shared<RecordingEngine>();
-  std::shared_ptr<FakeApplication> app = std::make_shared<FakeApplication>();
+  std::shared_ptr<workbook::InMemoryApplication> app = workbook::InMemoryApplication::create();
   std::shared_ptr<FakeTransactionsView> view = std::make_shared<FakeTransactionsView>();
+  std::weak_ptr<CountingExcelSink> sink;                   // the sink gExcelSink created
   std::vector<std::shared_ptr<RecordingEngine>> managers;  // every manager created, in order
   CacheUI ui;
 };

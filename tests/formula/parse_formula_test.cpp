@@ -25,7 +25,7 @@ struct ParseCase {
 class ParseFormulaTest : public FormulaFixture, public ::testing::WithParamInterface<ParseCase> {};
 
 TEST_P(ParseFormulaTest, SplitsIntoRecord) {
-  app->cell("A1")->setFormula("Sales");
+  app->setCell("A1", "Sales");
   const ParseCase& c = GetParam();
   CacheFormula f = ParseFormula(c.formula);
   EXPECT_EQ(f.Cache, c.cache);
@@ -67,7 +67,7 @@ INSTANTIATE_TEST_SUITE_P(
         ParseCase{R"(=BV_KXCSUM("Sales",(2)))", "Sales", "(2", 0, {}}));
 
 TEST_F(FormulaFixture, CacheIndexIsTheEnginesAnswerForTheResolvedCache) {
-  app->cell("A1")->setFormula("Sales");
+  app->setCell("A1", "Sales");
   engine->script("CacheFind", Variant(3.0));
   CacheFormula f = ParseFormula("=BV_KXCSUM(A1,1)");
   EXPECT_EQ(f.CacheIndex, 3);
@@ -95,7 +95,7 @@ class MeasureIndexTest : public FormulaFixture,
                          public ::testing::WithParamInterface<MeasureCase> {};
 
 TEST_P(MeasureIndexTest, RoundsLeadingNumberHalvesToEven) {
-  app->cell("B1")->setFormula("3.5");
+  app->setCell("B1", "3.5");
   CacheFormula f = ParseFormula("=BV_KXCSUM(\"Sales\"," + GetParam().measure + ",\"x\")");
   EXPECT_EQ(f.Measure, GetParam().measure);
   EXPECT_EQ(f.MeasureIndex, GetParam().index);

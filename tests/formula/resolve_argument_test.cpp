@@ -10,11 +10,11 @@ namespace {
 class ResolveArgumentTest : public FormulaFixture {
  protected:
   ResolveArgumentTest() {
-    app->cell("A1")->setFormula("Sales");
-    app->cell("B2")->setFormula("2.5");
-    app->cell("C3")->setValue(cellerr::kNA);
+    app->setCell("A1", "Sales");
+    app->setCell("B2", "2.5");
+    app->setCell("C3", "=1/0");
     app->defineName("Region", "D4");
-    app->cell("D4")->setFormula("West");
+    app->setCell("D4", "West");
   }
 };
 
@@ -24,12 +24,16 @@ TEST_F(ResolveArgumentTest, ReferencesGiveTheirValueAsText) {
   EXPECT_EQ(ResolveArgument("B2"), "2.5");
   EXPECT_EQ(ResolveArgument("Region"), "West");
   EXPECT_EQ(ResolveArgument("E5"), "");  // an empty cell
+  EXPECT_EQ(ResolveArgument("Sheet1!A1"), "Sales");
+  EXPECT_EQ(ResolveArgument("'Sheet1'!$B$2"), "2.5");
 }
 
 TEST_F(ResolveArgumentTest, AnythingElseGivesTheArgumentItself) {
   EXPECT_EQ(ResolveArgument("North"), "North");
   EXPECT_EQ(ResolveArgument(""), "");
-  EXPECT_EQ(ResolveArgument("C3"), "C3");  // an error value has no text
+  EXPECT_EQ(ResolveArgument("C3"), "C3");        // an error value has no text
+  EXPECT_EQ(ResolveArgument("A1:B2"), "A1:B2");  // several cells have no single value
+  EXPECT_EQ(ResolveArgument("Nowhere!A1"), "Nowhere!A1");
   EXPECT_EQ(ResolveArgument(Variant(int32_t{7})), "7");
   EXPECT_TRUE(services->messages.empty());
 }

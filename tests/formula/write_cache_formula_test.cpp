@@ -32,10 +32,10 @@ struct TextCase {
 class CacheFormulaTextTest : public FormulaFixture, public ::testing::WithParamInterface<TextCase> {
  protected:
   CacheFormulaTextTest() {
-    app->cell("A1")->setFormula("Sales");
-    app->cell("Q1")->setFormula("North");
+    app->setCell("A1", "Sales");
+    app->setCell("Q1", "North");
     app->defineName("Region", "C3");
-    app->cell("C3")->setFormula("West");
+    app->setCell("C3", "West");
   }
 };
 
@@ -56,11 +56,13 @@ INSTANTIATE_TEST_SUITE_P(
         // Member texts that are references are written bare.
         TextCase{record("Sales", "2", {"Q1", "$Q$1", "Region", "North"}),
                  R"(=BV_KXCSUM("Sales",2,Q1,$Q$1,Region,"North"))"},
+        TextCase{record("Sheet1!A1", "Sheet1!B9", {"Sheet1!Q1"}),
+                 "=BV_KXCSUM(Sheet1!A1,Sheet1!B9,Sheet1!Q1)"},
         TextCase{record("Ventes été", "1", {"", "Zürich"}),
                  R"(=BV_KXCSUM("Ventes été",1,"<ALL>","Zürich"))"}));
 
 TEST_F(FormulaFixture, ParsedFormulasWriteBackTheSameText) {
-  app->cell("A1")->setFormula("Sales");
+  app->setCell("A1", "Sales");
   for (std::string text : {R"(=BV_KXCSUM("Sales",2,"North","<ALL>","2004"))", "=BV_KXCSUM(A1,B1)",
                            R"(=BV_KXCSUM("Sales",2,"<ALL>","West"))", R"(=BV_KXCSUM("A,B",1))"}) {
     EXPECT_EQ(cacheFormulaText(ParseFormula(text)), text);
@@ -86,23 +88,22 @@ class WriteCacheFormulaTest : public FormulaFixture {
 };
 
 TEST_F(WriteCacheFormulaTest, WritesCurrentFormulaIntoActiveCell) {
-  auto cell = app->cell("D4");
+  auto cell = app->range("D4");
   gActiveCell = cell;
   gCurrentFormula = record("Sales", "2", {"North"});
   WriteCacheFormula();
-  EXPECT_EQ(cell->formula(), R"(=BV_KXCSUM("Sales",2,"North"))");
+  EXPECT_EQ(formulaOf("D4"), R"(=BV_KXCSUM("Sales",2,"North"))");
   EXPECT_EQ(builder->unloads, 0);
   EXPECT_EQ(gActiveCell, cell);
 }
 
 TEST_F(WriteCacheFormulaTest, CancelledBuilderLeavesCellAndForgetsIt) {
-  auto cell = app->cell("D4");
-  cell->setFormula("12");
-  gActiveCell = cell;
+  app->setCell("D4", "12");
+  gActiveCell = app->range("D4");
   gCurrentFormula = record("Sales", "2", {});
   builder->cancelled = true;
   WriteCacheFormula();
-  EXPECT_EQ(cell->formula(), "12");
+  EXPECT_EQ(formulaOf("D4"), "12");
   EXPECT_EQ(builder->unloads, 1);
   EXPECT_EQ(gActiveCell, nullptr);
   EXPECT_EQ(services->doEventsCount, 1);
@@ -115,11 +116,10 @@ TEST_F(WriteCacheFormulaTest, NoActiveCellIsIgnoredSilently) {
 }
 
 TEST_F(FormulaFixture, WithoutBuilderTheFormulaIsWritten) {
-  auto cell = app->cell("A2");
-  gActiveCell = cell;
+  gActiveCell = app->range("A2");
   gCurrentFormula = record("Sales", "1", {});
   WriteCacheFormula();
-  EXPECT_EQ(cell->formula(), R"(=BV_KXCSUM("Sales",1))");
+  EXPECT_EQ(formulaOf("A2"), R"(=BV_KXCSUM("Sales",1))");
 }
 
 }  // namespace
