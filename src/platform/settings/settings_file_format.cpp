@@ -130,7 +130,7 @@ SettingsParseResult parseSettings(std::string_view text) {
     std::string_view raw = text.substr(start, end - start);
     start = end + 1;
     ++lineNo;
-    if (!raw.empty() && raw.back() == '\r') raw.remove_suffix(1);
+    while (!raw.empty() && raw.back() == '\r') raw.remove_suffix(1);
     std::string_view line = trimLayout(raw);
     if (line.empty() || line.front() == '#' || line.front() == ';') {
       doc.pendingComments.emplace_back(raw);
@@ -138,8 +138,17 @@ SettingsParseResult parseSettings(std::string_view text) {
     }
     if (line.front() == '[') {
       if (line.back() != ']' || line.size() < 2) return fail(lineNo, "a [key] header lacks its ]");
-      std::string key = canonicalKey(trimLayout(line.substr(1, line.size() - 2)));
+      std::string key;
+      for (const auto& level : keyLevels(line.substr(1, line.size() - 2))) {
+        std::string_view trimmed = trimLayout(level);
+        if (trimmed.empty()) continue;
+        if (!key.empty()) key += '\\';
+        key += trimmed;
+      }
       if (key.empty()) return fail(lineNo, "a [key] header names no key");
+      for (unsigned char c : key) {
+        if (c < 0x20 || c == 0x7f) return fail(lineNo, "a [key] header holds a control character");
+      }
       doc.sectionFor(key);
       section = std::move(key);
       continue;

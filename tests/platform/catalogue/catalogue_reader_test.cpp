@@ -132,3 +132,18 @@ TEST(CatalogueReader, ReadsTheShippedCatalogues) {
 
 }  // namespace
 }  // namespace kxc
+
+namespace kxc {
+namespace {
+
+// Every cut of a valid file is either read or reported with a line, never a crash.
+TEST(CatalogueReader, TruncatedFilesAreReportedNotFatal) {
+  std::string whole = kHandMade;
+  for (std::size_t cut = 0; cut < whole.size(); cut += 7) {
+    auto result = readCatalogueText(whole.substr(0, cut), "cut.xml");
+    EXPECT_NE(result.table == nullptr, result.problem == std::nullopt) << cut;
+  }
+}
+
+}  // namespace
+}  // namespace kxc

@@ -70,6 +70,7 @@ TEST(SettingsFileFormat, BrokenLinesAreReportedWithTheirNumber) {
                  Case{"# c\nname=value\n", 2, "a name=value line comes before any [key] header"},
                  Case{"[a]\nx=1\n[b\n", 3, "a [key] header lacks its ]"},
                  Case{"[\\\\]\n", 1, "a [key] header names no key"},
+                 Case{"[a]\n[b\tc]\n", 2, "a [key] header holds a control character"},
                  Case{"[a]\nx=ends in \\\n", 2, "a backslash ends the line"}}) {
     auto parsed = parseSettings(c.text);
     ASSERT_TRUE(parsed.error) << c.text;
@@ -88,6 +89,37 @@ TEST(SettingsDocument, KeysAboveAnExistingKeyExist) {
   }
   for (const char* key : {"Soft", "Software\\Kestra\\Cache\\More", "Software\\Kes"}) {
     EXPECT_FALSE(doc.keyExists(key)) << key;
+  }
+}
+
+}  // namespace
+}  // namespace kxc
+
+namespace kxc {
+namespace {
+
+// Whatever a file holds, parsing ends with a document or a line-numbered error, and a parsed
+// document survives being written and read again.
+TEST(SettingsFileFormat, ArbitraryBytesNeverBreakTheParser) {
+  const std::string alphabet = std::string("[]=\\#; \t\r\nabK0s", 16) + std::string(1, '\0');
+  unsigned seed = 12345;
+  for (int round = 0; round < 2000; ++round) {
+    std::string text;
+    int length = static_cast<int>(seed % 60);
+    for (int i = 0; i < length; ++i) {
+      seed = seed * 1103515245u + 12345u;
+      text += alphabet[(seed >> 16) % alphabet.size()];
+    }
+    seed = seed * 1103515245u + 12345u;
+    SettingsParseResult parsed = parseSettings(text);
+    if (parsed.error) {
+      EXPECT_GE(parsed.error->line, 1u) << text;
+      continue;
+    }
+    std::string written = formatSettings(parsed.document);
+    SettingsParseResult again = parseSettings(written);
+    ASSERT_FALSE(again.error) << written;
+    EXPECT_EQ(formatSettings(again.document), written);
   }
 }
 
