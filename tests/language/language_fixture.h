@@ -79,8 +79,7 @@ class LanguageTest : public ::testing::Test {
     auto catalogue = catalogueTable();
     auto details = detailsTable();
     return std::make_unique<Language>(
-        [=, this](const std::string& path) -> std::shared_ptr<const CatalogueTable> {
-          opened.push_back(path);
+        [=](const std::string& path) -> std::shared_ptr<const CatalogueTable> {
           if (path == "/cat/" + std::string(kCatalogueFileName)) {
             return openCatalogue ? catalogue : nullptr;
           }
@@ -92,7 +91,6 @@ class LanguageTest : public ::testing::Test {
         "/cat");
   }
 
-  std::vector<std::string> opened;
   TempSettingsFolders folders_;
 
  private:

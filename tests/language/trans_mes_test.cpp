@@ -60,10 +60,6 @@ TEST_F(TransMesTest, AMissingKeyShowsItsCode) {
   EXPECT_EQ(lang->TransMes("@VALUE"), "!!VALUE");
   EXPECT_EQ(lang->TransMes("@HELP &H"), "&Help");
   EXPECT_EQ(lang->TransMes("@Name"), "!!Name");  // codes compare exactly
-}
-
-TEST_F(TransMesTest, AMissingKeyWithAHintMarksItsCode) {
-  auto lang = make();
   EXPECT_EQ(lang->TransMes("@HELP_ME &H"), "!!&HELP_ME");
   EXPECT_EQ(lang->TransMes("@VALUE &Q"), "!!VALUE");
 }
@@ -197,12 +193,6 @@ TEST_F(TransMesTest, LanguageListStopsAtAFailure) {
   EXPECT_EQ(list[2], "");
   auto closed = make(true, false)->GetLanguageList();
   EXPECT_EQ(closed, std::vector<std::string>(16));
-}
-
-TEST_F(TransMesTest, CataloguesAreOpenedFromTheFolderInOrder) {
-  make();
-  EXPECT_EQ(opened, (std::vector<std::string>{"/cat/TmBvCacheLanguages.xml",
-                                              "/cat/TmBvCacheLanguageFontDetails.xml"}));
 }
 
 TEST(CatalogueFolder, FollowsTheLibraryExceptUnderTheOldInstallFolder) {

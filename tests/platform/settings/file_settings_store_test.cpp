@@ -120,15 +120,6 @@ TEST(FileSettingsStore, SeesChangesMadeByAnotherWriter) {
   EXPECT_FALSE(reader->keyExists(SettingsRoot::User, kKey));
 }
 
-TEST(FileSettingsStore, KeepsCommentsAPersonWrote) {
-  TempSettingsFolders t;
-  TempSettingsFolders::write(t.userFile(), "# mine\n[Software\\Kestra\\Cache]\nCacheName=A\n");
-  auto store = FileSettingsStore::fromEnvironment();
-  ASSERT_TRUE(store->writeValue(SettingsRoot::User, kKey, "MeasureIndex", "2"));
-  EXPECT_EQ(TempSettingsFolders::read(t.userFile()),
-            "# mine\n[Software\\Kestra\\Cache]\nCacheName=A\nMeasureIndex=2\n");
-}
-
 TEST(FileSettingsStore, RefusesKeyNamesTheFileCannotHold) {
   TempSettingsFolders t;
   auto store = FileSettingsStore::fromEnvironment();
