@@ -87,27 +87,28 @@ bool ListViewModel::flush() {
 void ListViewModel::rowsChanged(const ListChange& change) {
   const int first = change.first - 1;  // 0-based
   const int last = change.last - 1;
+  const int known = rows_ + pending_;  // rows announced or held back
   switch (change.kind) {
     case ListChange::Kind::Inserted:
-      if (first == rows_ + pending_) {
+      if (first == known && last >= first) {
         pending_ += last - first + 1;
         schedule();
         return;
       }
-      flush();
-      beginInsertRows(QModelIndex(), first, last);
-      rows_ += last - first + 1;
-      endInsertRows();
-      return;
+      break;  // rows before others moved: their texts are already the new ones
     case ListChange::Kind::Removed:
+      if (last != known - 1 || first > last) break;
+      if (first >= rows_) {  // held back, never announced
+        pending_ -= last - first + 1;
+        return;
+      }
       flush();
-      if (first < 0 || last >= rows_ || first > last) break;
       beginRemoveRows(QModelIndex(), first, last);
       rows_ -= last - first + 1;
       endRemoveRows();
       return;
     case ListChange::Kind::Row: {
-      flush();
+      // Rows still held back are read afresh when they are announced.
       const int top = std::max(first, 0);
       const int bottom = std::min(last, rows_ - 1);
       if (top <= bottom) emit dataChanged(index(top, 0), index(bottom, columns_ - 1));
@@ -118,7 +119,8 @@ void ListViewModel::rowsChanged(const ListChange& change) {
     case ListChange::Kind::Reset:
       break;
   }
-  // A reset, or a change that does not fit what was announced: start again from the list.
+  // The list changed in the middle before the model heard of it, so the rows Qt knows have
+  // already moved: only a reset describes that truthfully.
   beginResetModel();
   rows_ = list_.listItems().count();
   pending_ = 0;

@@ -16,7 +16,10 @@ namespace kxc::qt {
 //  - rows appended at the end are held back and announced together by flush(), which runs
 //    from the event loop (queued on the first held-back row) or when the owner calls it;
 //    a million rows added one by one cost one insert signal;
-//  - every other change first announces what is held back, then is forwarded at once.
+//  - removing rows at the end is forwarded as a removal, a changed row as dataChanged;
+//  - rows inserted or removed in the middle reset the model: the list has moved its rows
+//    before the model hears of it, so no insert or remove signal could describe the rows Qt
+//    saw before and after truthfully.
 // Reading a row the list no longer has gives an empty value. The list must outlive the
 // model. User-interface thread only.
 class ListViewModel : public QAbstractTableModel {
