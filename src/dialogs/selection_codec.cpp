@@ -29,35 +29,31 @@ std::string range(std::string_view from, std::string_view to) {
   return piece;
 }
 
-// Finds the first row holding a text. Many pieces over a long list use an index of first
-// occurrences built once; few pieces scan, which is cheaper than building the index.
-class FirstRowFinder {
+// The first row holding each text a piece starts from, found in one walk over the rows that
+// stops once every text is found, instead of one walk per piece.
+class FirstRows {
  public:
-  FirstRowFinder(const SelectionRows& rows, std::size_t pieces) : rows_(rows) {
+  FirstRows(const SelectionRows& rows, const std::vector<std::string_view>& wanted) {
+    for (std::string_view text : wanted) firstRow_.try_emplace(text, 0);
+    std::size_t missing = firstRow_.size();
     const int32_t n = rows.count();
-    if (pieces < 8 || static_cast<int64_t>(pieces) * n < (int64_t{1} << 20)) return;
-    firstRow_.reserve(n);
-    for (int32_t row = 1; row <= n; ++row) firstRow_.try_emplace(rows.text(row), row);
-    indexed_ = true;
+    for (int32_t row = 1; row <= n && missing > 0; ++row) {
+      auto it = firstRow_.find(rows.text(row));
+      if (it != firstRow_.end() && it->second == 0) {
+        it->second = row;
+        --missing;
+      }
+    }
   }
 
   // The 1-based row, or 0 when no row holds `text`.
   int32_t find(std::string_view text) const {
-    if (indexed_) {
-      auto it = firstRow_.find(text);
-      return it == firstRow_.end() ? 0 : it->second;
-    }
-    const int32_t n = rows_.count();
-    for (int32_t row = 1; row <= n; ++row) {
-      if (rows_.text(row) == text) return row;
-    }
-    return 0;
+    auto it = firstRow_.find(text);
+    return it == firstRow_.end() ? 0 : it->second;
   }
 
  private:
-  const SelectionRows& rows_;
   std::unordered_map<std::string_view, int32_t> firstRow_;
-  bool indexed_ = false;
 };
 
 }  // namespace
@@ -124,11 +120,15 @@ std::string encodeSelection(const SelectionRows& rows, std::string& first, std::
 void decodeSelection(SelectionRows& rows, std::string_view text) {
   if (text.empty()) return;
   const std::string plain = replaceAll(text, "<<", "");
-  std::vector<std::string_view> pieces;
+  // Each piece is from..to, or a single text standing for both ends.
+  std::vector<std::string_view> froms, tos;
   for (std::size_t start = 0;;) {
-    std::size_t comma = plain.find(',', start);
-    pieces.push_back(std::string_view(plain).substr(
-        start, comma == std::string::npos ? std::string::npos : comma - start));
+    const std::size_t comma = plain.find(',', start);
+    const std::string_view piece = std::string_view(plain).substr(
+        start, comma == std::string::npos ? std::string::npos : comma - start);
+    const std::size_t dots = piece.find("..");
+    froms.push_back(dots == std::string_view::npos ? piece : piece.substr(0, dots));
+    tos.push_back(dots == std::string_view::npos ? piece : piece.substr(dots + 2));
     if (comma == std::string::npos) break;
     start = comma + 1;
   }
@@ -136,20 +136,14 @@ void decodeSelection(SelectionRows& rows, std::string_view text) {
   for (int32_t i = 1; i <= n; ++i) {
     if (rows.selected(i)) rows.setSelected(i, false);
   }
-  FirstRowFinder finder(rows, pieces.size());
-  for (std::string_view piece : pieces) {
-    std::string_view from = piece;
-    std::string_view to = piece;
-    if (std::size_t p = piece.find(".."); p != std::string_view::npos) {
-      from = piece.substr(0, p);
-      to = piece.substr(p + 2);
-    }
-    const int32_t row = finder.find(from);
+  const FirstRows firstRows(rows, froms);
+  for (std::size_t k = 0; k < froms.size(); ++k) {
+    const int32_t row = firstRows.find(froms[k]);
     if (row == 0) continue;
     rows.setSelected(row, true);
-    if (to == from) continue;
-    // The range ends by ordering, not by finding `to`.
-    for (int32_t m = row + 1; m <= n && !(rows.text(m) > to); ++m) rows.setSelected(m, true);
+    if (tos[k] == froms[k]) continue;
+    // The range ends by ordering, not by finding its last text.
+    for (int32_t m = row + 1; m <= n && !(rows.text(m) > tos[k]); ++m) rows.setSelected(m, true);
   }
 }
 

@@ -193,8 +193,8 @@ INSTANTIATE_TEST_SUITE_P(
         DecodeCase{"MarkerAloneNamesTheEmptyRow", {"A", ""}, "x", "<<", "-x"}),
     [](const auto& info) { return std::string(info.param.name); });
 
-// Many pieces over a long list take the indexed path; it must find first occurrences too.
-TEST(SelectionText, ManyPiecesOverALongListFindFirstOccurrences) {
+// Rows are found in one walk for all pieces; repeated texts still resolve to their first row.
+TEST(SelectionText, FirstOccurrencesWinAcrossManyPieces) {
   std::vector<std::string> texts;
   for (int i = 0; i < 3000; ++i) texts.push_back("m" + std::to_string(i % 1000));
   VectorRows rows(texts);
