@@ -226,16 +226,5 @@ TEST(FormMenus, PopupGoesToTheViewWhichClicksAnItem) {
   form.setView(nullptr);
 }
 
-TEST(FormControls, ControlHandedOnOutlivesItsForm) {
-  std::shared_ptr<Control> grid;
-  {
-    Form form("frmTest");
-    form.add<Grid>("vasTrans");
-    grid = form.sharedControl("vasTrans");
-  }
-  EXPECT_EQ(grid->form(), nullptr);
-  static_cast<Grid&>(*grid).setCellText(1, 1, "still usable");
-}
-
 }  // namespace
 }  // namespace kxc::controls
