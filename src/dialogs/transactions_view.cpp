@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "dialogs/transactions_form.h"
 #include "platform/runtime_error.h"
 
 namespace kxc {
@@ -20,7 +21,7 @@ void setTransactionsViewProvider(TransactionsViewProvider provider) {
 }
 
 std::shared_ptr<TransactionsView> transactionsView() {
-  std::shared_ptr<TransactionsView> view = installed() ? installed()() : nullptr;
+  std::shared_ptr<TransactionsView> view = installed() ? installed()() : frmTransactionsView();
   if (!view) throw RuntimeError(err::kObjectNotSet);
   return view;
 }

@@ -8,8 +8,8 @@
 
 namespace kxc {
 
-// The one transactions form of the process, as the drill-down uses it. Implemented by the
-// transactions dialog, which installs a provider at start-up.
+// The one transactions form of the process, as the drill-down uses it: by default
+// frmTransactions (transactions_form.h); tests and other front ends install their own.
 class TransactionsView {
  public:
   virtual ~TransactionsView() = default;
@@ -23,8 +23,9 @@ class TransactionsView {
 
 using TransactionsViewProvider = std::function<std::shared_ptr<TransactionsView>()>;
 
-// The provider yields the form, creating it on first use. Unset, or yielding nothing, makes
-// the drill-down raise 91 "Object variable or With block variable not set".
+// The provider yields the form, creating it on first use; null restores the default. A
+// provider that yields nothing makes the drill-down raise 91 "Object variable or With block
+// variable not set".
 void setTransactionsViewProvider(TransactionsViewProvider provider);
 std::shared_ptr<TransactionsView> transactionsView();
 

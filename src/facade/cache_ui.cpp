@@ -8,6 +8,7 @@
 #include "formula/parse_formula.h"
 #include "formula/resolve_argument.h"
 #include "host/tm_excel.h"
+#include "language/language.h"
 #include "platform/error_report.h"
 #include "platform/object_factory.h"
 #include "platform/runtime_error.h"
@@ -103,10 +104,7 @@ void CacheUI::StartDrillDownTrans() {
 }
 
 void CacheUI::ChangeCurrentLang(int16_t& LangId) {
-  ignoringErrors([&] {
-    const auto& setCurrentLanguage = facadeHooks().setCurrentLanguage;
-    if (setCurrentLanguage) setCurrentLanguage(LangId);
-  });
+  ignoringErrors([&] { gLanguage->CurrentLanguage(LangId); });
 }
 
 void CacheUI::ToggleWriteBack() {

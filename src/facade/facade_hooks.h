@@ -1,8 +1,7 @@
-// FacadeHooks: how the facade reaches the parts built on top of it (the formula edit flow,
-// the write-back class, the translation catalogue), each installed by that part at start-up.
+// FacadeHooks: how the facade reaches the parts built on top of it (the formula edit flow and
+// the write-back class), each installed by that part at start-up.
 #pragma once
 
-#include <cstdint>
 #include <functional>
 #include <memory>
 #include <string>
@@ -17,8 +16,6 @@ struct FacadeHooks {
   std::function<std::string(std::string& formulaText)> showFormulaEdit;
   // Creates a new CacheWriteBack. Unset: write-back cannot be switched on (silently).
   std::function<std::shared_ptr<WriteBackObject>()> createWriteBack;
-  // Sets the current language of gLanguage. Unset: ChangeCurrentLang does nothing.
-  std::function<void(int16_t langId)> setCurrentLanguage;
 };
 
 // The process's hooks. Single-threaded; set once at start-up (tests may replace them).

@@ -1,6 +1,7 @@
 #include "facade/tm_globals.h"
 
 #include "host/tm_excel.h"
+#include "language/language.h"
 
 namespace kxc {
 
@@ -12,6 +13,7 @@ std::shared_ptr<WriteBackObject> gWriteBack;
 CacheFormula gCurrentFormula;
 host::RangeRef gActiveCell;
 std::string gLookupSelection;
+AutoCreated<Language> gLanguage;
 AutoCreated<TmExcel> gExcelSink;
 
 void resetGlobals() {
@@ -21,6 +23,7 @@ void resetGlobals() {
   gCacheEngine.reset();
   gCurrentFormula.clear();
   gActiveCell.reset();
+  gLanguage.reset();
   gLookupSelection.clear();
 }
 

@@ -12,6 +12,7 @@
 
 namespace kxc {
 
+class Language;
 class TmExcel;
 
 // The cache engine handed to CacheUI::Initialise; the data members are called on it.
@@ -26,6 +27,8 @@ extern std::shared_ptr<WriteBackObject> gWriteBack;
 extern CacheFormula gCurrentFormula;
 // The cell whose formula is being edited.
 extern host::RangeRef gActiveCell;
+// The translation catalogue; created on first use.
+extern AutoCreated<Language> gLanguage;
 // The lookup dialog's last selection text.
 extern std::string gLookupSelection;
 

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "dialogs/transactions_form.h"
 #include "facade/facade_fixture.h"
 #include "formula/parse_formula.h"
 
@@ -121,6 +122,26 @@ TEST_F(TmDrilldownTest, ExecutePopulateTransFillsTheFormsGridThenShowsIt) {
   EXPECT_EQ(run[0].args[1].value, Variant(ObjectRef(view->grid)));
   EXPECT_FALSE(run[0].args[1].byRef);
   EXPECT_EQ(view->steps, (Members{"sizeColumns", "show"}));
+}
+
+TEST_F(TmDrilldownTest, ByDefaultTheEngineFillsTheTransactionsFormsGrid) {
+  setTransactionsViewProvider(nullptr);
+  engine->script("ExecutePopulateTrans", [](Arguments args) {
+    ObjectRef grid = args[1].value().object();
+    std::vector<Argument> cell{Argument::byValue(int32_t{2}), Argument::byValue(int32_t{3}),
+                               Argument::byValue("a rather long transaction text")};
+    grid->invoke("SetText", cell);
+    return Variant();
+  });
+  gCurrentFormula.Cache = "Sales";
+  ExecutePopulateTrans();
+  FrmTransactions& form = frmTransactions();
+  EXPECT_EQ(form.vasTrans().cellText(2, 3), "a rather long transaction text");
+  EXPECT_GT(form.vasTrans().colWidth(2), form.vasTrans().colWidth(1));
+  EXPECT_TRUE(form.form().visible());
+  ExecutePopulateTrans();  // a second drill-down while the form is on show
+  EXPECT_TRUE(services->messages.empty());
+  releaseFrmTransactions();
 }
 
 TEST_F(TmDrilldownTest, DrilldownClearSendsNoArguments) {

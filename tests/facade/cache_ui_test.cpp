@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "facade_fixture.h"
+#include "language/language.h"
 
 namespace kxc::testing {
 namespace {
@@ -144,13 +145,12 @@ TEST_F(FacadeFixture, ToggleWriteBackWithoutTheClassStaysOffSilently) {
 }
 
 TEST_F(FacadeFixture, ChangeCurrentLangSetsTheLanguage) {
-  int16_t seen = -1;
-  facadeHooks().setCurrentLanguage = [&](int16_t id) { seen = id; };
   int16_t langId = 7;
   ui.ChangeCurrentLang(langId);
-  EXPECT_EQ(seen, 7);
-  facadeHooks().setCurrentLanguage = [](int16_t) { throw RuntimeError(err::kHost); };
-  ui.ChangeCurrentLang(langId);
+  EXPECT_EQ(gLanguage->CurrentLanguage(), 7);
+  int16_t outOfRange = 16;
+  ui.ChangeCurrentLang(outOfRange);
+  EXPECT_EQ(gLanguage->CurrentLanguage(), 7);
   EXPECT_TRUE(services->messages.empty());
 }
 

@@ -15,6 +15,7 @@
 #include "facade/tm_globals.h"
 #include "host/tm_excel.h"
 #include "platform/object_factory.h"
+#include "platform/settings_store.h"
 #include "platform/workbook/in_memory_application.h"
 #include "support/recording_engine.h"
 #include "support/recording_services.h"
@@ -45,6 +46,7 @@ class CountingExcelSink : public TmExcel {
 class FacadeFixture : public ::testing::Test {
  protected:
   FacadeFixture() {
+    setSettingsStore(nullptr);  // a fresh in-memory store
     resetGlobals();
     app->addWorkbook("Book1.xlsx");
     ObjectFactory::instance().registerCreator(kCacheManagerProgId, [this] {
@@ -64,6 +66,7 @@ class FacadeFixture : public ::testing::Test {
     ObjectFactory::instance().unregister(kCacheManagerProgId);
     setTransactionsViewProvider(nullptr);
     facadeHooks() = FacadeHooks();
+    setSettingsStore(nullptr);
   }
 
   // CacheUI::Initialise with the fake host and the recording engine.
