@@ -52,7 +52,7 @@ struct CellKey {
   int32_t column = 1;
   bool operator==(const CellKey&) const = default;
   uint64_t packed() const {
-    return (uint64_t{sheet} << 34) | (uint64_t(row) << 14) | uint64_t(column - 1);
+    return (uint64_t{sheet} << 35) | (uint64_t(row) << 14) | uint64_t(column - 1);
   }
 };
 
