@@ -73,9 +73,11 @@ std::vector<Block> InMemoryApplication::selectionBlocks(const Sheet& sheet) cons
 
 // --- workbooks and sheets ---
 
-std::shared_ptr<host::Workbook> InMemoryApplication::addWorkbook(const std::string& name) {
+std::shared_ptr<host::Workbook> InMemoryApplication::addWorkbook(const std::string& name,
+                                                                 const std::string& firstSheet) {
+  if (!isValidSheetName(firstSheet)) throw RuntimeError(err::kHost, hosterr::kInvalidName);
   auto book = model_.addWorkbook(name);
-  activeSheet_ = model_.addSheet(*book, "Sheet1");
+  activeSheet_ = model_.addSheet(*book, firstSheet);
   changed();
   return book;
 }

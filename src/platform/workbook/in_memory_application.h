@@ -38,9 +38,11 @@ class InMemoryApplication : public host::Application,
   static std::shared_ptr<InMemoryApplication> create(std::string caption = "Kestra Workbench");
   ~InMemoryApplication() override;
 
-  // Workbooks and sheets. addWorkbook creates a workbook with one sheet "Sheet1" and
-  // activates it; addSheet appends a sheet without activating it.
-  std::shared_ptr<host::Workbook> addWorkbook(const std::string& name);
+  // Workbooks and sheets. addWorkbook creates a workbook with one sheet (named `firstSheet`)
+  // and activates it; a name that is not allowed or taken raises 1004 and adds nothing.
+  // addSheet appends a sheet without activating it.
+  std::shared_ptr<host::Workbook> addWorkbook(const std::string& name,
+                                              const std::string& firstSheet = "Sheet1");
   std::shared_ptr<host::Worksheet> addSheet(const std::string& workbookName,
                                             const std::string& sheetName);
   void activateSheet(const std::string& workbookName, const std::string& sheetName);

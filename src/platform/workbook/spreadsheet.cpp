@@ -16,16 +16,6 @@ namespace {
   throw RuntimeError(err::kHost, description);
 }
 
-bool validWorkbookName(std::string_view name) {
-  return !trimBlanks(name).empty() && name.find_first_of("\\/:*?\"<>[]|") == std::string::npos;
-}
-
-bool validSheetName(std::string_view name) {
-  size_t chars = charCount(name);
-  return chars >= 1 && chars <= 31 && name.find_first_of(":\\/?*[]") == std::string::npos &&
-         name.front() != '\'' && name.back() != '\'';
-}
-
 // Splits "A1,Sheet2!B2" at the commas that stand outside quotes and brackets.
 std::vector<std::string_view> splitUnion(std::string_view text) {
   std::vector<std::string_view> parts;
@@ -49,8 +39,18 @@ std::vector<std::string_view> splitUnion(std::string_view text) {
 
 }  // namespace
 
+bool isValidWorkbookName(std::string_view name) {
+  return !trimBlanks(name).empty() && name.find_first_of("\\/:*?\"<>[]|") == std::string::npos;
+}
+
+bool isValidSheetName(std::string_view name) {
+  size_t chars = charCount(name);
+  return chars >= 1 && chars <= 31 && name.find_first_of(":\\/?*[]") == std::string::npos &&
+         name.front() != '\'' && name.back() != '\'';
+}
+
 std::shared_ptr<Book> Spreadsheet::addWorkbook(const std::string& name) {
-  if (!validWorkbookName(name)) raiseHost(hosterr::kInvalidName);
+  if (!isValidWorkbookName(name)) raiseHost(hosterr::kInvalidName);
   if (findWorkbook(name)) raiseHost(hosterr::kNameTaken);
   auto book = std::make_shared<Book>(name);
   books_.push_back(book);
@@ -60,7 +60,7 @@ std::shared_ptr<Book> Spreadsheet::addWorkbook(const std::string& name) {
 }
 
 std::shared_ptr<Sheet> Spreadsheet::addSheet(Book& book, const std::string& name) {
-  if (!validSheetName(name)) raiseHost(hosterr::kInvalidName);
+  if (!isValidSheetName(name)) raiseHost(hosterr::kInvalidName);
   if (book.findSheet(name)) raiseHost(hosterr::kNameTaken);
   auto sheet =
       std::make_shared<Sheet>(static_cast<SheetId>(sheets_.size()), name, book.weak_from_this());

@@ -23,6 +23,12 @@
 
 namespace kxc::workbook {
 
+// Names the spreadsheet accepts. A workbook name is a file name ("Book1.xlsx"): not blank,
+// none of \ / : * ? " < > [ ] |. A sheet name has 1 to 31 characters, none of : \ / ? * [ ],
+// and no leading or trailing '.
+bool isValidWorkbookName(std::string_view name);
+bool isValidSheetName(std::string_view name);
+
 // Single-threaded: every call comes from the thread that owns the spreadsheet. Failures raise
 // RuntimeError 1004 with the spreadsheet's description unless stated otherwise.
 class Spreadsheet : private EvaluationContext {

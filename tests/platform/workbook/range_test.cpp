@@ -151,6 +151,14 @@ TEST_F(RangeBehaviour, WorkbookAndSheetNamesAreChecked) {
   EXPECT_EQ(app->sheetNames("Book1.xlsx"), (std::vector<std::string>{"Sheet1", "Report", "Calc"}));
 }
 
+TEST_F(RangeBehaviour, AWorkbookMayNameItsFirstSheet) {
+  app->addWorkbook("Data.xlsx", "O'Neil");
+  EXPECT_EQ(app->sheetNames("Data.xlsx"), (std::vector<std::string>{"O'Neil"}));
+  EXPECT_EQ(app->activeSheetName(), "O'Neil");
+  EXPECT_EQ(errorOf([&] { app->addWorkbook("Bad.xlsx", "a/b"); }), 1004);
+  EXPECT_EQ(app->workbookNames(), (std::vector<std::string>{"Book1.xlsx", "Data.xlsx"}));
+}
+
 TEST_F(RangeBehaviour, WindowViewOfASheet) {
   EXPECT_FALSE(app->usedRange("Book1.xlsx", "Report"));
   app->setCell("Report!C4", "=1+1");
