@@ -217,7 +217,9 @@ void FrmCacheFormula::cmdOk_Click() {
     cancelled_ = false;
     gCurrentFormula.Cache = c_.txtCache->text();
     gCurrentFormula.Measure = c_.txtMeasureIndex->text();
-    refillDimensionGrid();
+    // The grid is shown once more from the formula before the form goes; an engine that does
+    // not know the typed cache must not keep the formula from being written.
+    ignoringErrors([&] { refillDimensionGrid(); });
     form_.unload();
     WriteCacheFormula();
   });

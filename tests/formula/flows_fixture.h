@@ -147,7 +147,7 @@ inline std::shared_ptr<const CatalogueTable> sampleCatalogue() {
       {"FILE&", "&File"},
       {"MANAGER%", "%%1 Manager"},
       {"KXC_CACHE", "Kestra"},
-      {"TRANS_DRILLDWN", "Transactions"},
+      {"TRANS_DRILLDWN", "Transaction Drilldown"},
       {"EXIT&", "E&xit"},
       {"HELP&", "&Help"},
       {"HELP", "Help Topics"},
