@@ -1,6 +1,5 @@
 #include "platform/qt/key_mapping.h"
 
-#include <array>
 #include <utility>
 
 namespace kxc::qt {
@@ -9,7 +8,7 @@ namespace {
 
 // Keys whose code does not follow from a range. Shifted punctuation maps to the key that
 // produces it on a US keyboard, since the key code names the key, not the character.
-constexpr std::array<std::pair<int, int>, 60> kKeys{{
+constexpr std::pair<int, int> kKeys[] = {
     {Qt::Key_Backspace, 8},    {Qt::Key_Tab, 9},           {Qt::Key_Backtab, 9},
     {Qt::Key_Clear, 12},       {Qt::Key_Return, 13},       {Qt::Key_Enter, 13},
     {Qt::Key_Shift, 16},       {Qt::Key_Control, 17},      {Qt::Key_Alt, 18},
@@ -30,7 +29,7 @@ constexpr std::array<std::pair<int, int>, 60> kKeys{{
     {Qt::Key_Exclam, 49},      {Qt::Key_At, 50},           {Qt::Key_NumberSign, 51},
     {Qt::Key_Dollar, 52},      {Qt::Key_Percent, 53},      {Qt::Key_AsciiCircum, 54},
     {Qt::Key_Ampersand, 55},   {Qt::Key_ParenLeft, 57},    {Qt::Key_ParenRight, 48},
-}};
+};
 
 int keypadCode(int key) {
   if (key >= Qt::Key_0 && key <= Qt::Key_9) return 96 + (key - Qt::Key_0);

@@ -49,7 +49,6 @@ void ListViewWidget::listChanged(const ListChange& change) {
 void ListViewWidget::columnsChanged() {
   model_.columnsChanged();
   const auto& headers = list_.columnHeaders();
-  setHeaderHidden(false);
   const double dpi = logicalDpi(this);
   for (int32_t i = 1; i <= headers.count(); ++i) {
     header()->resizeSection(i - 1, pixelsFromTwips(headers.item(i).width(), dpi));
