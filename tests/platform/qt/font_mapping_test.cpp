@@ -114,12 +114,6 @@ TEST(WritingSystemForCharset, KnowsTheEastAsianAndEuropeanSets) {
   EXPECT_EQ(writingSystemForCharset(1), WS::Any);
 }
 
-TEST(MakeFont, CarriesFamilyAndSize) {
-  const QFont font = makeFont({"DejaVu Sans Mono", 11.5, WS::Any, true});
-  EXPECT_EQ(font.family(), "DejaVu Sans Mono");
-  EXPECT_DOUBLE_EQ(font.pointSizeF(), 11.5);
-}
-
 TEST(SystemFontCatalog, ShowsJapaneseWithAnInstalledJapaneseFamily) {
   SystemFontCatalog catalog;
   if (catalog.families(WS::Japanese).isEmpty()) GTEST_SKIP() << "no Japanese fonts installed";

@@ -17,6 +17,7 @@
 
 #include "platform/controls/command_button.h"
 #include "platform/controls/frame.h"
+#include "platform/controls/grid.h"
 #include "platform/controls/label.h"
 #include "platform/controls/list_view.h"
 #include "platform/controls/text_box.h"
@@ -252,6 +253,36 @@ TEST(QtFormView, BuilderFormPlacesItsControlsByName) {
   EXPECT_LT(ok.right(), cancel.left());
   EXPECT_GT(ok.top(), view.widget("lblResult")->geometry().top());
   EXPECT_TRUE(view.widget("lblExtra")->isVisibleTo(&view.window()));
+}
+
+TEST(QtFormView, LookupAndTransactionsPutTheirListAboveTheButtonsAtTheRight) {
+  struct Case {
+    const char* form;
+    const char* list;
+    bool grid;
+  };
+  for (const Case& c :
+       {Case{"frmLookup", "lvList", false}, Case{"frmTransactions", "vasTrans", true}}) {
+    Form form(c.form);
+    if (c.grid) {
+      form.add<Grid>(c.list);
+    } else {
+      form.add<ListView>(c.list);
+      form.add<CommandButton>("cmdOk").setCaption("&OK");
+    }
+    form.add<CommandButton>("cmdCancel").setCaption("&Abbrechen");
+    QtFormView view(form);
+    form.show(0);
+    testing::processEvents();
+    EXPECT_TRUE(view.usesLayout()) << c.form;
+    const QRect list = view.widget(c.list)->geometry();
+    const QRect cancel = view.widget("cmdCancel")->geometry();
+    EXPECT_LT(list.bottom(), cancel.top()) << c.form;
+    EXPECT_GT(cancel.left(), list.center().x()) << c.form;
+    view.window().resize(view.window().width() + 100, view.window().height() + 100);
+    testing::processEvents();
+    EXPECT_EQ(view.widget(c.list)->height(), list.height() + 100) << c.form;
+  }
 }
 
 TEST(QtFormView, OtherFormsUseTheControlsPositionsInsideTheirFrames) {

@@ -136,14 +136,5 @@ TEST_F(ListWidgetFixture, AKeyTheHandlerConsumesDoesNotMoveTheSelection) {
   EXPECT_EQ(selectedRows(), (std::vector<int32_t>{5}));
 }
 
-TEST_F(ListWidgetFixture, SingleSelectionListsSelectOneRowInQt) {
-  fill(5);
-  list_.setMultiSelect(false);
-  open();
-  EXPECT_EQ(widget_->selectionMode(), QAbstractItemView::SingleSelection);
-  list_.setMultiSelect(true);
-  EXPECT_EQ(widget_->selectionMode(), QAbstractItemView::ExtendedSelection);
-}
-
 }  // namespace
 }  // namespace kxc::qt

@@ -51,11 +51,5 @@ TEST(QtModalLoop, AFormWithoutAQtViewReturnsAtOnce) {
   EXPECT_FALSE(form.isModal());
 }
 
-TEST(QtModalLoop, InstallReplacesTheProcessWideLoop) {
-  controls::ModalLoop previous = installQtModalLoop();
-  EXPECT_TRUE(static_cast<bool>(controls::modalLoop()));
-  controls::setModalLoop(std::move(previous));
-}
-
 }  // namespace
 }  // namespace kxc::qt
