@@ -18,7 +18,7 @@ std::string flowText(const std::string& key, const std::optional<Variant>& param
 // Applies the current language's fonts and the controls' Tag keys to the whole form.
 void translateWholeForm(controls::Form& form);
 
-// A FormTranslator over the process's language object, for the lookup dialog.
+// The process's FormTranslator over gLanguage, for the lookup dialog.
 FormTranslator& flowFormTranslator();
 
 }  // namespace kxc
