@@ -27,10 +27,23 @@ class TmExcel {
   // reported as "TmExcel Initialise"; nothing is raised.
   void Initialise(const host::ApplicationRef& pExcel);
 
-  // Event handlers. They run on every double-click and add-in uninstall while hooked; the
-  // base versions do nothing.
+  // Event handlers; they run on every double-click and add-in uninstall while hooked (tests
+  // may override them to watch the hook-up).
+  //
+  // Double-click, when `cancel` is not already set: an active cell (not `target`) holding a
+  // cache formula ("=BV_KXCSUM*" on the upper-cased text; the negated form does not count)
+  // becomes gActiveCell and the formula builder opens on it (ShowFormulaEdit); `cancel` is set.
+  // Otherwise, when the cell has direct dependents, the first dependent cache formula that
+  // uses the cell as dimension argument i (GetCellAddress of the argument and the cell's
+  // Address compared without "$", case-sensitively) becomes gCurrentFormula, its cache is
+  // loaded, and the member lookup opens with key "Dim<i>" and the cell's value; unless the
+  // lookup answers -1 (cancelled) the cell's value becomes gLookupSelection, and `cancel` is
+  // set either way. Anything else leaves `cancel` alone, so the host edits the cell. Errors
+  // are reported as "TmExcel Events-SheetBeforeDoubleClick".
   virtual void oExcel_SheetBeforeDoubleClick(host::Worksheet& sheet, const host::RangeRef& target,
                                              bool& cancel);
+  // Uninstalling the workbook named exactly "Kestra Cache.xla" removes the add-in's menu from
+  // the "Cell" bar and then from bar 1 (DeleteMenu); other workbooks are ignored. Silent.
   virtual void oExcel_WorkbookAddinUninstall(host::Workbook& workbook);
 
   // Reference tests. A reference text is resolved with oExcel's range(); any failure (no
