@@ -23,7 +23,8 @@ MatchPlan planMatch(const LoadedCache& cache, const std::vector<MemberFilter>& f
   for (size_t d = 0; d < filters.size(); ++d) {
     if (filters[d].all || static_cast<int>(d) == plan.driver) continue;
     Probe p;
-    p.column = cache.columns().members[d].data();
+    p.column = cache.columns().members[d].raw();
+    p.width = cache.columns().members[d].width();
     p.allowed.assign(cache.memberCount(static_cast<int>(d)), 0);
     for (int32_t m : filters[d].members) p.allowed[m] = 1;
     p.share =

@@ -31,7 +31,8 @@ std::vector<RowId> matchingRows(const LoadedCache& cache, const std::vector<Memb
 namespace detail {
 
 struct Probe {
-  const int32_t* column;
+  const uint8_t* column;  // raw member column of `width` bytes per row
+  int width;
   std::vector<uint8_t> allowed;  // indexed by member number
   double share = 1;              // fraction of the members allowed
 };
@@ -57,7 +58,7 @@ void forEachMatchingRow(const LoadedCache& cache, const std::vector<MemberFilter
     for (RowId r : cache.postings(plan.driver, member)) {
       bool ok = true;
       for (const auto& p : plan.probes) {
-        if (!p.allowed[p.column[r]]) {
+        if (!p.allowed[MemberColumn::at(p.column, p.width, r)]) {
           ok = false;
           break;
         }

@@ -1,5 +1,5 @@
-// The transactions of a loaded cache as columns: one member number (int32, 0-based) per
-// dimension, one value (double, NaN for none) per measure, and the date and reference texts.
+// The transactions of a loaded cache as columns: one member number (0-based) per dimension, one
+// value (double, NaN for none) per measure, and the date and reference texts.
 #pragma once
 
 #include <algorithm>
@@ -8,6 +8,8 @@
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "engine/member_column.h"
 
 namespace kxc::engine {
 
@@ -39,13 +41,16 @@ class TextColumn {
 };
 
 struct CacheColumns {
-  std::vector<std::vector<int32_t>> members;  // [dimension][row]
-  std::vector<std::vector<double>> values;    // [measure][row]
+  std::vector<MemberColumn> members;        // [dimension][row]
+  std::vector<std::vector<double>> values;  // [measure][row]
   TextColumn dates;
   TextColumn references;
 
   CacheColumns() = default;
-  CacheColumns(size_t dimensions, size_t measures) : members(dimensions), values(measures) {}
+  // One column per dimension, as wide as its member count needs.
+  CacheColumns(const std::vector<size_t>& memberCounts, size_t measures) : values(measures) {
+    for (size_t n : memberCounts) members.emplace_back(MemberColumn::widthFor(n));
+  }
 
   size_t rowCount() const { return dates.size(); }
 

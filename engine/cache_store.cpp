@@ -68,7 +68,9 @@ void CacheStore::load(int64_t cacheId, CacheDefinition& def, CacheColumns& cols)
   for (int m = 1; m <= nm; ++m) sql += ", m" + std::to_string(m);
   sql += " FROM " + factTable(cacheId) + " ORDER BY seq";
 
-  cols = CacheColumns(nd, nm);
+  std::vector<size_t> memberCounts;
+  for (const auto& d : def.dimensions) memberCounts.push_back(d.members.size());
+  cols = CacheColumns(memberCounts, nm);
   int64_t rows = 0;
   {
     auto count = db_.prepare("SELECT coalesce(max(seq), 0) FROM " + factTable(cacheId));
