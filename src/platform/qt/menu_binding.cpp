@@ -73,8 +73,7 @@ void MenuBinding::propertyChanged(controls::Menu& menu, controls::Property prope
 void MenuBinding::popup(controls::Menu& menu) {
   auto it = menus_.find(&menu);
   if (it == menus_.end()) return;
-  QPointer<QMenu> qmenu = it->second;
-  qmenu->exec(QCursor::pos());
+  it->second->exec(QCursor::pos());
 }
 
 QAction* MenuBinding::action(const controls::Menu& menu) const {

@@ -2,7 +2,6 @@
 // item a QAction whose trigger raises Menu::click, and any menu shown as a popup.
 #pragma once
 
-#include <QPointer>
 #include <unordered_map>
 
 #include "platform/controls/form_view.h"

@@ -8,7 +8,6 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QMetaObject>
-#include <QPointer>
 #include <QVBoxLayout>
 #include <QWindow>
 #include <algorithm>
@@ -495,7 +494,9 @@ void QtFormView::runModal() {
   showWindow();
   QEventLoop loop;
   modalLoop_ = &loop;
+  const std::weak_ptr<bool> alive = alive_;
   if (form_.visible() && form_.loaded()) loop.exec(QEventLoop::DialogExec);
+  if (alive.expired()) return;  // the view went away while the form was shown
   modalLoop_ = nullptr;
   if (!window_->isVisible()) window_->setWindowModality(Qt::NonModal);
 }

@@ -114,6 +114,7 @@ class QtFormView : public controls::FormView {
   std::vector<controls::Control*> order_;
   SystemFontCatalog fonts_;
   QEventLoop* modalLoop_ = nullptr;
+  std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);  // watched across nested loops
   bool usesLayout_ = false;
   bool overridingCursor_ = false;
   bool focusFromQt_ = false;

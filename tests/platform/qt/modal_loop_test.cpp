@@ -43,6 +43,15 @@ TEST(QtModalLoop, UnloadEndsTheLoopToo) {
   EXPECT_FALSE(view.runningModal());
 }
 
+TEST(QtModalLoop, AViewDestroyedWhileShownEndsTheLoop) {
+  controls::ScopedModalLoop loop(qtModalLoop());
+  Form form("frmAny");
+  auto view = std::make_unique<QtFormView>(form);
+  QTimer::singleShot(0, [&] { view.reset(); });
+  form.show(1);
+  EXPECT_EQ(form.view(), nullptr);
+}
+
 TEST(QtModalLoop, AFormWithoutAQtViewReturnsAtOnce) {
   controls::ScopedModalLoop loop(qtModalLoop());
   Form form("frmAny");
