@@ -54,25 +54,6 @@ TEST_F(WriteBackTest, TypedNumberGoesToTheEngineAndTheFormulaComesBack) {
   EXPECT_TRUE(messages().empty());
 }
 
-TEST_F(WriteBackTest, OnlyAsManyDimensionsAsTheCacheHas) {
-  app->setCell("C3", "=BV_KXCSUM(A1,2,D1,D2,D3,D1,D2,D3,D1)");  // 7 arguments, 5 dimensions
-  typeOver("C3", "1");
-  auto calls = writeBacks();
-  ASSERT_EQ(calls.size(), 1u);
-  EXPECT_EQ(calls[0].args[8].value, Variant("<ALL>"));  // dimension 5
-  EXPECT_TRUE(calls[0].args[9].value.isEmpty());
-}
-
-TEST_F(WriteBackTest, LiteralArgumentsResolveToEmptyTexts) {
-  app->setCell("C3", "=BV_KXCSUM(\"Sales\",1,\"North\")");
-  typeOver("C3", "7");
-  auto calls = writeBacks();
-  ASSERT_EQ(calls.size(), 1u);
-  EXPECT_EQ(calls[0].args[0].value, Variant(""));
-  EXPECT_EQ(calls[0].args[1].value, Variant(int32_t{1}));
-  EXPECT_TRUE(calls[0].args[4].value.isEmpty()) << "an unknown cache has no dimensions";
-}
-
 TEST_F(WriteBackTest, WrappedCallIsCutOutAndTheWholeFormulaRestored) {
   const std::string wrapped = "=SUM(bv_kxcsum(A1,2,D1),10)";
   app->setCell("C3", wrapped);
@@ -115,15 +96,39 @@ INSTANTIATE_TEST_SUITE_P(
                       TypedOver{"=BV_KXCSUM(A1,1,D1)", false},
                       TypedOver{"=bv_kxcsum(A1,1,D1)", true}));
 
-TEST_F(WriteBackTest, MoreThanTwentyDimensionsSendNothing) {
+struct DimensionCountCase {
+  int arguments;        // dimension arguments in the formula, each D2 ("<ALL>")
+  int cacheDimensions;  // what the engine's DimensionCount answers
+  int sent;             // dimension values filled in the call; -1 for no call
+};
+
+class DimensionCountTest : public WriteBackTest,
+                           public ::testing::WithParamInterface<DimensionCountCase> {};
+
+TEST_P(DimensionCountTest, FillsTheDimensionsBothFormulaAndCacheHave) {
   std::string formula = "=BV_KXCSUM(A1,2";
-  for (int i = 0; i < 21; ++i) formula += ",D1";
+  for (int i = 0; i < GetParam().arguments; ++i) formula += ",D2";
   app->setCell("C3", formula + ")");
-  engine->script("DimensionCount", Variant(int32_t{21}));
+  engine->script("DimensionCount", Variant(int32_t{GetParam().cacheDimensions}));
   typeOver("C3", "5");
-  EXPECT_TRUE(writeBacks().empty());
-  EXPECT_EQ(app->range("C3")->value(), Variant(5.0));
+  auto calls = writeBacks();
+  if (GetParam().sent < 0) {
+    EXPECT_TRUE(calls.empty());
+    EXPECT_EQ(app->range("C3")->value(), Variant(5.0));
+    return;
+  }
+  ASSERT_EQ(calls.size(), 1u);
+  for (int i = 0; i < 20; ++i) {
+    EXPECT_EQ(calls[0].args[4 + i].value, i < GetParam().sent ? Variant("<ALL>") : Variant())
+        << "dimension " << i + 1;
+  }
 }
+
+INSTANTIATE_TEST_SUITE_P(Counts, DimensionCountTest,
+                         ::testing::Values(DimensionCountCase{7, 5, 5}, DimensionCountCase{2, 5, 2},
+                                           DimensionCountCase{20, 20, 20},
+                                           DimensionCountCase{21, 5, 5},
+                                           DimensionCountCase{21, 21, -1}));
 
 TEST_F(WriteBackTest, ChangeOfAnotherCellIsIgnored) {
   app->select("C3");
