@@ -1,9 +1,7 @@
 // The builder's dimension grid, its member lookup, cell capture and F4 reference toggling.
 #include <gtest/gtest.h>
 
-#include "dialogs/cell_capture.h"
 #include "dialogs/frm_cache_formula.h"
-#include "dialogs/reference_toggle.h"
 #include "formula/flows_fixture.h"
 
 namespace kxc::testing {
@@ -208,10 +206,6 @@ TEST_F(CellCaptureTest, CaptureEndsWhenTheDialogCloses) {
   EXPECT_THAT(messages(), IsEmpty());
 }
 
-TEST_F(CellCaptureTest, SeenFromAnotherSheetTheClickedSheetIsQuoted) {
-  EXPECT_EQ(capturedReference(*app->range("C9"), *app->range("Sheet2!C1")), "'Sheet1'!C$9");
-}
-
 // F4 reference toggling.
 struct ToggleCase {
   const char* before;
@@ -255,10 +249,6 @@ TEST_F(ReferenceTogglingTest, TheDimensionEditorTogglesAndStoresTheResult) {
   dialog().txtDimensions().setText("C4");
   dialog().txtDimensions().keyDown(controls::keys::kF4, 0);
   EXPECT_EQ(gCurrentFormula.Dims(1), "$C$4");
-}
-
-TEST_F(ReferenceTogglingTest, NextAnchoringKeepsEverythingUpToTheLastBang) {
-  EXPECT_EQ(nextAnchoring(*app->range("B3"), "[Book1.xlsx]Sheet1!B$3"), "[Book1.xlsx]Sheet1!$B3");
 }
 
 }  // namespace

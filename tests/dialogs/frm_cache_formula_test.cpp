@@ -389,14 +389,6 @@ TEST_F(FrmCacheFormulaTest, TheDrilldownMenuDrillsTheCurrentFormula) {
   EXPECT_EQ(dialog().form().mousePointer(), controls::kPointerDefault);
 }
 
-TEST_F(FrmCacheFormulaTest, UnknownMenuWordsDoNothing) {
-  openOnSales();
-  engine->clearLog();
-  dialog().PopUpMenuClick("Unknown");
-  EXPECT_TRUE(engine->calls().empty());
-  EXPECT_THAT(messages(), IsEmpty());
-}
-
 TEST_F(FrmCacheFormulaTest, HelpAsksTheHelpLibrary) {
   auto library = std::make_shared<RecordingEngine>();
   ObjectFactory::instance().registerCreator(kHelpLibraryProgId, [library] { return library; });

@@ -165,14 +165,6 @@ TEST_F(ShowFormulaEditTest, WithoutAHostWindowTheBuilderHasNoOwnerAndIsStillShow
   EXPECT_TRUE(dialog().form().visible());
 }
 
-TEST_F(ShowFormulaEditTest, FindWindowByTitleMatchesThePrefixCaseSensitively) {
-  WindowHandle hwnd = 99;
-  EXPECT_TRUE(FindWindowByTitle("Kestra", hwnd));
-  EXPECT_EQ(hwnd, 2);
-  EXPECT_FALSE(FindWindowByTitle("kestra", hwnd));
-  EXPECT_EQ(hwnd, 0);
-}
-
 TEST_F(ShowFormulaEditTest, AnEngineFailureIsReportedAndLeavesTheDialogHidden) {
   engine->fail("EnsureCacheLoad", 1004, "Cache store unavailable");
   app->setCell("A1", "=BV_KXCSUM(\"Sales\",1)");
