@@ -11,13 +11,10 @@ namespace kxc::qt {
 
 namespace {
 
-constexpr std::array kProportionalFaces{"MS Sans Serif", "Microsoft Sans Serif",
-                                        "MS Shell Dlg",  "MS Shell Dlg 2",
-                                        "Tahoma",        "Arial",
-                                        "Segoe UI",      "System",
-                                        "Helv"};
-constexpr std::array kFixedFaces{"Courier New", "Courier",  "Lucida Console",
-                                 "Consolas",    "Fixedsys", "Terminal"};
+constexpr std::array kProportionalFaces{"MS Sans Serif", "MS Shell Dlg", "Tahoma", "Arial",
+                                        "System"};
+constexpr std::array kFixedFaces{"Courier New", "Courier", "Lucida Console", "Fixedsys",
+                                 "Terminal"};
 
 bool isOneOf(const QString& name, const auto& faces) {
   return std::any_of(faces.begin(), faces.end(), [&](const char* face) {

@@ -1,5 +1,5 @@
 // Mapping the control model's fonts (name, size in points, character set) to Qt fonts: the
-// design-time Windows faces become the desktop's faces, character sets become writing systems,
+// design-time faces become the desktop's faces, character sets become writing systems,
 // and a family that cannot show the writing system is replaced by one that can.
 #pragma once
 

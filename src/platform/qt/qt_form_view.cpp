@@ -109,7 +109,9 @@ QtFormView::~QtFormView() {
   if (modalLoop_) modalLoop_->quit();
   if (overridingCursor_) QApplication::restoreOverrideCursor();
   windowRegistry().remove(form_.windowHandle());
+  QObject::disconnect(focusConnection_);
   menus_.reset();
+  window_.reset();  // while the tables its widgets are looked up in still exist
 }
 
 QtFormView* QtFormView::of(const controls::Form& form) {
@@ -189,8 +191,8 @@ void QtFormView::connectWindow() {
     guarded(form_, [&] { form_.setWindowState(modelState(states)); });
   };
   window_->onActivated = [this] { guarded(form_, [&] { form_.activate(); }); };
-  QObject::connect(qApp, &QApplication::focusChanged, window_.get(),
-                   [this](QWidget*, QWidget* now) { focusFromQt(now); });
+  focusConnection_ = QObject::connect(qApp, &QApplication::focusChanged, window_.get(),
+                                      [this](QWidget*, QWidget* now) { focusFromQt(now); });
 }
 
 QWidget* QtFormView::widget(std::string_view name) const {

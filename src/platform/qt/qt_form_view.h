@@ -2,6 +2,7 @@
 // widgets in step with the model's notices and turns the user's actions into model events.
 #pragma once
 
+#include <QMetaObject>
 #include <memory>
 #include <string_view>
 #include <unordered_map>
@@ -113,6 +114,7 @@ class QtFormView : public controls::FormView {
   std::unordered_map<const controls::Control*, const controls::Control*> containers_;
   std::vector<controls::Control*> order_;
   SystemFontCatalog fonts_;
+  QMetaObject::Connection focusConnection_;
   QEventLoop* modalLoop_ = nullptr;
   std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);  // watched across nested loops
   bool usesLayout_ = false;
