@@ -260,7 +260,7 @@ size_t CacheEngine::populateTransactions(const Variant& cacheArg, const ObjectRe
   Variant chosen = cacheArg;
   if (isNoFilter(chosen) && !criteria_.empty()) chosen = criteria_.front().cache;
   if (isNoFilter(chosen)) {
-    invoke(grid, "ClearAll");
+    clearGrid(grid);
     return 0;
   }
   LoadedCache& c = cache(chosen);

@@ -38,6 +38,13 @@ std::vector<RowId> unionOfMatches(const LoadedCache& cache,
   return rows;
 }
 
+void clearGrid(const ObjectRef& grid) {
+  if (!grid) throw RuntimeError(err::kObjectRequired);
+  invoke(grid, "ClearAll");
+  setProperty(grid, "MaxCols", 0);
+  setProperty(grid, "MaxRows", 0);
+}
+
 void fillGrid(const LoadedCache& cache, std::span<const RowId> rows, const ObjectRef& grid) {
   if (!grid) throw RuntimeError(err::kObjectRequired);
   const auto& def = cache.definition();
@@ -45,7 +52,7 @@ void fillGrid(const LoadedCache& cache, std::span<const RowId> rows, const Objec
   const int nm = cache.measureCount();
   const int32_t cols = nd + nm + 2;
 
-  invoke(grid, "ClearAll");
+  clearGrid(grid);
   setProperty(grid, "MaxCols", cols);
   setProperty(grid, "MaxRows", static_cast<int32_t>(rows.size()));
 

@@ -26,6 +26,9 @@ std::vector<RowId> unionOfMatches(const LoadedCache& cache,
 // Rows per SetBlock call: big enough to keep calls few, small enough to keep each text modest.
 inline constexpr size_t kGridChunkRows = 4096;
 
+// Empties `grid` and sets its size to no rows and no columns.
+void clearGrid(const ObjectRef& grid);
+
 // Fills `grid` (a dispatch object with ClearAll, MaxCols, MaxRows, SetBlock) with the rows:
 // column headers in row 0 (dimension captions, measure captions, "Date", "Reference"), then
 // one row per transaction: member values, measure values in their display format (blank for

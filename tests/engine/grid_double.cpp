@@ -5,9 +5,9 @@
 namespace kxc::engine::testing {
 
 GridDouble::GridDouble() {
+  // Like the real grid, ClearAll empties the cells but keeps the size.
   table_.method("ClearAll", [this](Arguments) {
     columns_.clear();
-    maxCols_ = maxRows_ = 0;
     return Variant();
   });
   table_.property(
