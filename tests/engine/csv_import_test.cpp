@@ -48,6 +48,30 @@ TEST(CsvReader, SplitsQuotedFieldsAndCountsLines) {
   EXPECT_FALSE(r.next(f));
 }
 
+TEST(CsvReader, ArbitraryBytesEndInRecordsOrAReason) {
+  const char alphabet[] = {'a', ',', '"', '\n', '\r', 'b', ' ', '\xEF', '\0'};
+  uint32_t state = 11;
+  for (int i = 0; i < 2000; ++i) {
+    std::string text;
+    for (int k = 0; k < 24; ++k) {
+      state = state * 1103515245u + 12345u;
+      text += alphabet[(state >> 16) % sizeof alphabet];
+    }
+    std::istringstream in(text);
+    CsvReader r(in);
+    std::vector<std::string> f;
+    try {
+      int64_t lastLine = 0;
+      while (r.next(f)) {
+        EXPECT_GT(r.line(), lastLine);
+        lastLine = r.line();
+      }
+    } catch (const RuntimeError& e) {
+      EXPECT_EQ(e.number(), err::kInvalidCall);
+    }
+  }
+}
+
 TEST_F(CsvImportTest, BuildsACacheFromTheHeaderFormat) {
   ASSERT_EQ(import("dim:Region,caption:Region,dim:Year,\"measure:Amount:sum:#,##0.00\","
                    "measure:Price:average,date,reference\n"

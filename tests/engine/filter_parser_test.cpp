@@ -100,6 +100,26 @@ TEST_F(FilterParserTest, FiltersBeyondTheDimensionsMustBeEmpty) {
   }
 }
 
+TEST_F(FilterParserTest, ArbitraryTextEitherParsesOrRaisesAnEngineError) {
+  const std::string alphabet[] = {"<<", "..",    ",", "North", "South", "West", "Eastern",
+                                  " ",  "<ALL>", "x", ".",     "<",     "\"",   "A"};
+  uint32_t state = 7;
+  for (int i = 0; i < 2000; ++i) {
+    std::string text;
+    int pieces = 1 + static_cast<int>(state % 7);
+    for (int k = 0; k < pieces; ++k) {
+      state = state * 1103515245u + 12345u;
+      text += alphabet[(state >> 16) % std::size(alphabet)];
+    }
+    try {
+      MemberFilter f = parseFilter(shop(), 0, Variant(text));
+      for (int32_t m : f.members) EXPECT_TRUE(m >= 0 && m < 4) << text;
+    } catch (const RuntimeError& e) {
+      EXPECT_TRUE(e.number() == 30002 || e.number() == 30003) << text << ": " << e.number();
+    }
+  }
+}
+
 TEST(FilterParserValues, MemberValuesHoldingCommasAndDotsStillMatch) {
   TempFolder tmp;
   CacheStore store(tmp.file("c.db"));
