@@ -46,6 +46,32 @@ MatchPlan planMatch(const LoadedCache& cache, const std::vector<MemberFilter>& f
 
 }  // namespace detail
 
+namespace detail {
+
+// Walks the driver's rows; the first probe, which rejects most rows, is tested inline with its
+// width fixed at compile time, the others in a loop.
+template <int Width, typename Visit>
+void walk(const std::vector<RowId>& rows, const MatchPlan& plan, Visit& visit) {
+  const Probe& first = plan.probes.front();
+  const uint8_t* column = first.column;
+  const uint8_t* allowed = first.allowed.data();
+  const size_t others = plan.probes.size();
+  for (RowId r : rows) {
+    if (!allowed[MemberColumn::at(column, Width, r)]) continue;
+    bool ok = true;
+    for (size_t i = 1; i < others; ++i) {
+      const Probe& p = plan.probes[i];
+      if (!p.allowed[MemberColumn::at(p.column, p.width, r)]) {
+        ok = false;
+        break;
+      }
+    }
+    if (ok) visit(r);
+  }
+}
+
+}  // namespace detail
+
 template <typename Visit>
 void forEachMatchingRow(const LoadedCache& cache, const std::vector<MemberFilter>& filters,
                         Visit&& visit) {
@@ -55,15 +81,21 @@ void forEachMatchingRow(const LoadedCache& cache, const std::vector<MemberFilter
     return;
   }
   for (int32_t member : filters[plan.driver].members) {
-    for (RowId r : cache.postings(plan.driver, member)) {
-      bool ok = true;
-      for (const auto& p : plan.probes) {
-        if (!p.allowed[MemberColumn::at(p.column, p.width, r)]) {
-          ok = false;
-          break;
-        }
-      }
-      if (ok) visit(r);
+    const std::vector<RowId>& rows = cache.postings(plan.driver, member);
+    if (plan.probes.empty()) {
+      for (RowId r : rows) visit(r);
+      continue;
+    }
+    switch (plan.probes.front().width) {
+      case 1:
+        detail::walk<1>(rows, plan, visit);
+        break;
+      case 2:
+        detail::walk<2>(rows, plan, visit);
+        break;
+      default:
+        detail::walk<4>(rows, plan, visit);
+        break;
     }
   }
 }
