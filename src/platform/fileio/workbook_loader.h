@@ -1,0 +1,28 @@
+// Opens an .xlsx or .ods file as a new workbook of the in-memory application.
+#pragma once
+
+#include <string>
+
+#include "platform/fileio/file_result.h"
+#include "platform/workbook/in_memory_application.h"
+
+namespace kxc::fileio {
+
+// The largest file opened, in bytes.
+inline constexpr std::size_t kMaxFileBytes = std::size_t{512} << 20;
+
+// Reads the file at `path` (its format is told by its content, not its name) into a new
+// workbook named after the file ("Book1.xlsx"): one sheet per sheet of the file in their
+// order, texts, numbers, dates as numbers, booleans, formulas (converted to A1 syntax where
+// the file writes them otherwise) and the defined names that name one range. Cached formula
+// results are not read: the workbook recalculates once everything is in, and the first sheet
+// is active. Names that are expressions and other parts the workbook cannot hold are left
+// out with a note in the result.
+//
+// When the file is missing, unreadable, empty, damaged, no spreadsheet, has sheet names the
+// workbook does not allow, or a workbook of that name is open, the result carries the
+// problem and the application is left exactly as it was. Never throws. Calls come from the
+// thread that owns the application.
+LoadResult loadWorkbook(workbook::InMemoryApplication& app, const std::string& path);
+
+}  // namespace kxc::fileio
