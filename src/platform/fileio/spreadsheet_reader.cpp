@@ -7,6 +7,7 @@
 #include <orcus/orcus_xlsx.hpp>
 
 #include "platform/fileio/image_collector.h"
+#include "platform/fileio/ods_supplement.h"
 
 namespace kxc::fileio {
 
@@ -42,6 +43,8 @@ SpreadsheetReadResult readSpreadsheet(std::string_view bytes, std::size_t cellLi
     } else {
       orcus::orcus_ods reader(&collector);
       reader.read_stream(bytes);
+      applyOdsSupplement(readOdsSupplement(bytes), collector.image(),
+                         [&] { collector.countCell(); });
     }
     WorkbookImage image = collector.take();
     if (image.sheets.empty()) {

@@ -86,6 +86,52 @@ TEST_F(OdsLoad, ReadsValuesAndConvertsFormulasToA1) {
   EXPECT_EQ(app->displayText("Summary!C2"), "Sales!");
 }
 
+TEST_F(OdsLoad, EveryKindOfValueIsRead) {
+  LoadResult result = load("Report.ods", odsFile(R"ods(
+<table:table table:name="Kinds"><table:table-row>
+  <table:table-cell office:value-type="boolean" office:boolean-value="true"><text:p>TRUE</text:p></table:table-cell>
+  <table:table-cell office:value-type="boolean" office:boolean-value="false"/>
+  <table:table-cell office:value-type="percentage" office:value="0.25"><text:p>25%</text:p></table:table-cell>
+  <table:table-cell office:value-type="currency" office:currency="EUR" office:value="1234.5"/>
+  <table:table-cell office:value-type="time" office:time-value="PT18H00M00S"/>
+  <table:table-cell office:value-type="time" office:time-value="PT36H"/>
+  <table:table-cell office:value-type="string"><text:p>first <text:span>line</text:span></text:p><text:p>second<text:s text:c="2"/>line<text:tab/>end</text:p><office:annotation><text:p>a comment</text:p></office:annotation></table:table-cell>
+  <table:table-cell office:value-type="string"><text:p>one paragraph</text:p><office:annotation><text:p>ignored</text:p></office:annotation></table:table-cell>
+</table:table-row></table:table>)ods"));
+  ASSERT_TRUE(result.ok()) << result.problem->message;
+  auto value = [&](int column) { return app->cellValue("Report.ods", "Kinds", 1, column); };
+  EXPECT_EQ(value(1), Variant(true));
+  EXPECT_EQ(value(2), Variant(false));
+  EXPECT_EQ(value(3), Variant(0.25));
+  EXPECT_EQ(value(4), Variant(1234.5));
+  EXPECT_EQ(value(5), Variant(0.75));
+  EXPECT_EQ(value(6), Variant(1.5));
+  EXPECT_EQ(value(7), Variant("first line\nsecond  line\tend"));
+  EXPECT_EQ(value(8), Variant("one paragraph"));
+}
+
+TEST_F(OdsLoad, RepeatedRowsAndCellsAreAllFilled) {
+  LoadResult result = load("Report.ods", odsFile(R"ods(
+<table:table table:name="Rep">
+  <table:table-row table:number-rows-repeated="3">
+    <table:table-cell table:number-columns-repeated="2" office:value-type="float" office:value="7"/>
+    <table:table-cell table:number-columns-repeated="2" table:formula="of:=[.A1]+[$Rep.$A$1]"/>
+  </table:table-row>
+  <table:table-row table:number-rows-repeated="1048570"><table:table-cell table:number-columns-repeated="16384"/></table:table-row>
+</table:table>)ods"));
+  ASSERT_TRUE(result.ok()) << result.problem->message;
+  EXPECT_EQ(app->usedRange("Report.ods", "Rep"), (workbook::Area{1, 1, 3, 4}));
+  for (int row = 1; row <= 3; ++row) {
+    SCOPED_TRACE(row);
+    EXPECT_EQ(app->cellValue("Report.ods", "Rep", row, 2), Variant(7.0));
+    // Each copy of a formula reads from its own place, as copied formulas do.
+    EXPECT_EQ(app->cellFormula("Report.ods", "Rep", row, 3),
+              "=A" + std::to_string(row) + "+Rep!$A$1");
+    EXPECT_EQ(app->cellFormula("Report.ods", "Rep", row, 4),
+              "=B" + std::to_string(row) + "+Rep!$A$1");
+  }
+}
+
 TEST_F(OdsLoad, NamesThatAreRangesAreDefinedAndOthersNoted) {
   LoadResult result = load("Report.ods", odsFile(kTwoSheets));
   ASSERT_TRUE(result.ok());
