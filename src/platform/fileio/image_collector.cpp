@@ -270,7 +270,10 @@ class ImageCollector::Formula : public iface::import_formula {
     column_ = column;
   }
   void set_formula(ss::formula_grammar_t, std::string_view formula) override {
-    text_ = std::string(formula);
+    // A cell that only uses a shared formula can come with the blanks around it as its text.
+    if (formula.find_first_not_of(" \t\r\n") != std::string_view::npos) {
+      text_ = std::string(formula);
+    }
   }
   void set_shared_formula_index(size_t index) override { shared_ = index; }
   void set_result_string(std::string_view) override {}

@@ -107,6 +107,64 @@ std::string odsFile(std::string_view body) {
       .bytes();
 }
 
+std::string xlsxFile(const std::vector<std::pair<std::string, std::string>>& sheets,
+                     const std::vector<std::string>& sharedStrings, std::string_view definedNames) {
+  const std::string main = "http://schemas.openxmlformats.org/spreadsheetml/2006/main";
+  const std::string rel = "http://schemas.openxmlformats.org/officeDocument/2006/relationships";
+  const std::string pkg = "http://schemas.openxmlformats.org/package/2006/relationships";
+  const std::string type = "application/vnd.openxmlformats-officedocument.spreadsheetml.";
+
+  std::string types =
+      "<?xml version=\"1.0\" encoding=\"UTF-8\"?><Types "
+      "xmlns=\"http://schemas.openxmlformats.org/package/2006/content-types\">"
+      "<Default Extension=\"rels\" "
+      "ContentType=\"application/vnd.openxmlformats-package.relationships+xml\"/>"
+      "<Default Extension=\"xml\" ContentType=\"application/xml\"/>"
+      "<Override PartName=\"/xl/workbook.xml\" ContentType=\"" +
+      type + "sheet.main+xml\"/>";
+  std::string workbook = "<?xml version=\"1.0\" encoding=\"UTF-8\"?><workbook xmlns=\"" + main +
+                         "\" xmlns:r=\"" + rel + "\"><sheets>";
+  std::string workbookRels =
+      "<?xml version=\"1.0\" encoding=\"UTF-8\"?><Relationships xmlns=\"" + pkg + "\">";
+  ZipBuilder zip;
+  for (size_t i = 0; i < sheets.size(); ++i) {
+    std::string n = std::to_string(i + 1);
+    types += "<Override PartName=\"/xl/worksheets/sheet" + n + ".xml\" ContentType=\"" + type +
+             "worksheet+xml\"/>";
+    workbook +=
+        "<sheet name=\"" + sheets[i].first + "\" sheetId=\"" + n + "\" r:id=\"rId" + n + "\"/>";
+    workbookRels += "<Relationship Id=\"rId" + n + "\" Type=\"" + rel +
+                    "/worksheet\" Target=\"worksheets/sheet" + n + ".xml\"/>";
+  }
+  workbook += "</sheets>";
+  if (!definedNames.empty())
+    workbook += "<definedNames>" + std::string(definedNames) + "</definedNames>";
+  workbook += "</workbook>";
+  if (!sharedStrings.empty()) {
+    types += "<Override PartName=\"/xl/sharedStrings.xml\" ContentType=\"" + type +
+             "sharedStrings+xml\"/>";
+    workbookRels += "<Relationship Id=\"rIdS\" Type=\"" + rel +
+                    "/sharedStrings\" Target=\"sharedStrings.xml\"/>";
+    std::string table = "<?xml version=\"1.0\" encoding=\"UTF-8\"?><sst xmlns=\"" + main + "\">";
+    for (const auto& text : sharedStrings) table += "<si><t>" + text + "</t></si>";
+    zip.add("xl/sharedStrings.xml", table + "</sst>");
+  }
+  types += "</Types>";
+  workbookRels += "</Relationships>";
+  zip.add("[Content_Types].xml", types)
+      .add("_rels/.rels", "<?xml version=\"1.0\" encoding=\"UTF-8\"?><Relationships xmlns=\"" +
+                              pkg + "\"><Relationship Id=\"rId1\" Type=\"" + rel +
+                              "/officeDocument\" Target=\"xl/workbook.xml\"/></Relationships>")
+      .add("xl/workbook.xml", workbook)
+      .add("xl/_rels/workbook.xml.rels", workbookRels);
+  for (size_t i = 0; i < sheets.size(); ++i) {
+    zip.add("xl/worksheets/sheet" + std::to_string(i + 1) + ".xml",
+            "<?xml version=\"1.0\" encoding=\"UTF-8\"?><worksheet xmlns=\"" + main +
+                "\"><sheetData>" + sheets[i].second + "</sheetData></worksheet>");
+  }
+  return zip.bytes();
+}
+
 void writeFile(const std::string& path, std::string_view bytes) {
   std::ofstream out(path, std::ios::binary | std::ios::trunc);
   out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));

@@ -26,6 +26,13 @@ class ZipBuilder {
 // <office:spreadsheet> with the usual namespace prefixes (office, table, text) declared.
 std::string odsFile(std::string_view body);
 
+// An .xlsx file made by hand, with the parts a reader needs: one worksheet per entry of
+// `sheets` (name, the content of its <sheetData>), an optional shared string table and the
+// content of <definedNames>.
+std::string xlsxFile(const std::vector<std::pair<std::string, std::string>>& sheets,
+                     const std::vector<std::string>& sharedStrings = {},
+                     std::string_view definedNames = "");
+
 // Writes bytes to a file; fails the test when it cannot.
 void writeFile(const std::string& path, std::string_view bytes);
 std::string readFile(const std::string& path);
