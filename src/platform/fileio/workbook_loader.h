@@ -15,8 +15,8 @@ inline constexpr std::size_t kMaxFileBytes = std::size_t{512} << 20;
 // workbook named after the file ("Book1.xlsx"): one sheet per sheet of the file in their
 // order, texts, numbers, dates as numbers, booleans, formulas (converted to A1 syntax where
 // the file writes them otherwise) and the defined names that name one range. Cached formula
-// results are not read: the workbook recalculates once everything is in, and the first sheet
-// is active. Names that are expressions and other parts the workbook cannot hold are left
+// results are not read: the workbook recalculates once everything is in (calculation is
+// running afterwards, whatever it was before), and the file's first sheet is active. Names that are expressions and other parts the workbook cannot hold are left
 // out with a note in the result.
 //
 // When the file is missing, unreadable, empty, damaged, no spreadsheet, has sheet names the

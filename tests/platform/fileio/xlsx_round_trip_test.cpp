@@ -54,6 +54,7 @@ TEST_F(XlsxRoundTrip, EveryCellAndNameComesBackUnchanged) {
       {"B6", "Ünïcödé ✓ 東京"},
       {"B7", "'  blanks kept  "},
       {"B8", "'<&>\"'"},
+      {"B9", "control \x01 and \x1f characters"},
       {"C1", "TRUE"},
       {"C2", "false"},
       {"E1", "=BV_KXCSUM(\"Sales\",2,\"North\",\"<ALL>\",\"2004\")"},
