@@ -1,0 +1,71 @@
+#include "command_bar_menus.h"
+
+#include <QAction>
+#include <QMenu>
+#include <QMenuBar>
+#include <QTimer>
+
+#include "platform/error_report.h"
+#include "platform/qt/qt_text.h"
+
+namespace kxc::workbench {
+
+namespace {
+
+void connectRun(QAction* action, const host::ControlRef& control, const ControlRunner& run) {
+  QObject::connect(action, &QAction::triggered, action, [control, run] {
+    QTimer::singleShot(0, [control, run] { run(control); });
+  });
+}
+
+}  // namespace
+
+void fillMenu(QMenu& menu, host::CommandBarControls& controls, const ControlRunner& run) {
+  for (int32_t i = 1; i <= controls.count(); ++i) {
+    host::ControlRef control;
+    ignoringErrors([&] { control = controls.item(i); });
+    if (!control) continue;
+    const QString caption = qt::toQString(control->caption());
+    if (control->type() == host::ControlType::Popup) {
+      QMenu* sub = menu.addMenu(caption);
+      fillMenu(*sub, control->controls(), run);
+    } else {
+      connectRun(menu.addAction(caption), control, run);
+    }
+  }
+}
+
+void fillMenuBar(QMenuBar& bar, host::CommandBarControls& controls, const ControlRunner& run) {
+  for (int32_t i = 1; i <= controls.count(); ++i) {
+    host::ControlRef control;
+    ignoringErrors([&] { control = controls.item(i); });
+    if (!control) continue;
+    const QString caption = qt::toQString(control->caption());
+    if (control->type() == host::ControlType::Popup) {
+      QMenu* menu = bar.addMenu(caption);
+      fillMenu(*menu, control->controls(), run);
+    } else {
+      connectRun(bar.addAction(caption), control, run);
+    }
+  }
+}
+
+std::string barSignature(host::CommandBarControls& controls) {
+  std::string signature = "[";
+  for (int32_t i = 1; i <= controls.count(); ++i) {
+    host::ControlRef control;
+    ignoringErrors([&] { control = controls.item(i); });
+    if (!control) continue;
+    // Lengths first, so no caption can imitate a boundary.
+    const std::string caption = control->caption();
+    const std::string tag = control->tag();
+    const std::string action = control->onAction();
+    signature += std::to_string(caption.size()) + ":" + caption + std::to_string(tag.size()) +
+                 ":" + tag + std::to_string(action.size()) + ":" + action;
+    if (control->type() == host::ControlType::Popup) signature += barSignature(control->controls());
+    signature += ";";
+  }
+  return signature + "]";
+}
+
+}  // namespace kxc::workbench

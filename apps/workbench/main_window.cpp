@@ -1,0 +1,276 @@
+#include "main_window.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QFileDialog>
+#include <QLabel>
+#include <QMenu>
+#include <QMenuBar>
+#include <QStatusBar>
+#include <QTabBar>
+#include <QTimer>
+#include <QVBoxLayout>
+
+#include "command_bar_menus.h"
+#include "facade/tm_globals.h"
+#include "formula_bar.h"
+#include "language/language.h"
+#include "language_dialog.h"
+#include "platform/error_report.h"
+#include "platform/qt/caption_text.h"
+#include "platform/qt/qt_text.h"
+#include "platform/services.h"
+#include "sheet_model.h"
+#include "sheet_view.h"
+#include "workbench_session.h"
+#include "workbook_files.h"
+
+namespace kxc::workbench {
+
+namespace {
+
+constexpr int kExclamation = 48;
+
+QString textOf(const char* key) {
+  std::string text;
+  ignoringErrors([&] { text = gLanguage->TransMes(key); });
+  return qt::toQString(text);
+}
+
+}  // namespace
+
+MainWindow::MainWindow(WorkbenchSession& session, QWidget* parent)
+    : QMainWindow(parent),
+      session_(session),
+      formulaBar_(new FormulaBar(session.appRef(), this)),
+      view_(new SheetView(session.appRef(), this)),
+      tabs_(new QTabBar(this)),
+      status_(new QLabel(this)),
+      open_(new QAction(this)),
+      saveAs_(new QAction(this)),
+      exit_(new QAction(this)),
+      undoWriteBack_(new QAction(this)),
+      writeBack_(new QAction(this)) {
+  setObjectName("workbench");
+  auto* central = new QWidget(this);
+  auto* layout = new QVBoxLayout(central);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->setSpacing(0);
+  layout->addWidget(formulaBar_);
+  layout->addWidget(view_, 1);
+  layout->addWidget(tabs_);
+  setCentralWidget(central);
+  tabs_->setShape(QTabBar::RoundedSouth);
+  tabs_->setExpanding(false);
+  tabs_->setDocumentMode(true);
+  statusBar()->addWidget(status_, 1);
+
+  open_->setShortcut(QKeySequence::Open);
+  saveAs_->setShortcut(QKeySequence::SaveAs);
+  exit_->setShortcut(QKeySequence::Quit);
+  undoWriteBack_->setShortcut(QKeySequence::Undo);
+  writeBack_->setCheckable(true);
+  connect(open_, &QAction::triggered, this, &MainWindow::openDialog);
+  connect(saveAs_, &QAction::triggered, this, &MainWindow::saveAsDialog);
+  connect(exit_, &QAction::triggered, this, &QWidget::close);
+  connect(undoWriteBack_, &QAction::triggered, this, &MainWindow::undoWriteBack);
+  connect(writeBack_, &QAction::triggered, this, &MainWindow::toggleWriteBack);
+  connect(tabs_, &QTabBar::currentChanged, this, [this](int index) {
+    if (updatingTabs_ || index < 0) return;
+    const std::string workbook = session_.app().activeWorkbookName();
+    const std::string sheet = qt::fromQString(tabs_->tabText(index));
+    reportingErrors("Workbench Sheet", [&] { session_.app().activateSheet(workbook, sheet); });
+    refreshNow();
+  });
+  connect(formulaBar_, &FormulaBar::committed, this, [this] { view_->setFocus(); });
+
+  auto refreshSoon = [this] { scheduleRefresh(); };
+  view_->afterCommand = refreshSoon;
+  session_.afterCommand = refreshSoon;
+  session_.onChangeLanguage = [this] { chooseLanguage(); };
+  session_.app().setChangeObserver(refreshSoon);
+
+  resize(1000, 640);
+  retranslate();
+  refreshNow();
+}
+
+MainWindow::~MainWindow() {
+  session_.app().setChangeObserver(nullptr);
+  session_.afterCommand = nullptr;
+  session_.onChangeLanguage = nullptr;
+}
+
+void MainWindow::scheduleRefresh() {
+  if (refreshPending_) return;
+  refreshPending_ = true;
+  QTimer::singleShot(0, this, [this] {
+    if (refreshPending_) refreshNow();
+  });
+}
+
+void MainWindow::refreshNow() {
+  refreshPending_ = false;
+  auto& app = session_.app();
+  const std::string workbook = app.activeWorkbookName();
+  const std::string sheet = app.activeSheetName();
+  setWindowTitle(QString::fromUtf8(kWorkbenchCaption) +
+                 (workbook.empty() ? QString() : " - " + qt::toQString(workbook)));
+  refreshTabs();
+  if (!workbook.empty()) showSheet(workbook, sheet);
+  if (SheetModel* model = view_->sheetModel()) model->refresh();
+  view_->showApplicationSelection();
+  formulaBar_->refresh();
+  std::string signature;
+  ignoringErrors([&] { signature = barSignature(app.commandBars().item(int32_t{1})->controls()); });
+  if (signature != menuSignature_) rebuildMenus();
+  writeBack_->setChecked(session_.writeBackOn());
+  updateStatus();
+}
+
+void MainWindow::showSheet(const std::string& workbook, const std::string& sheet) {
+  SheetModel*& model = models_[{workbook, sheet}];
+  if (!model) model = new SheetModel(session_.appRef(), workbook, sheet, this);
+  if (view_->sheetModel() != model) view_->setSheetModel(model);
+}
+
+void MainWindow::refreshTabs() {
+  auto& app = session_.app();
+  const std::string workbook = app.activeWorkbookName();
+  std::vector<std::string> sheets;
+  if (!workbook.empty()) ignoringErrors([&] { sheets = app.sheetNames(workbook); });
+  updatingTabs_ = true;
+  bool same = tabs_->count() == static_cast<int>(sheets.size());
+  for (int i = 0; same && i < tabs_->count(); ++i) {
+    same = qt::fromQString(tabs_->tabText(i)) == sheets[static_cast<size_t>(i)];
+  }
+  if (!same) {
+    while (tabs_->count() > 0) tabs_->removeTab(0);
+    for (const std::string& sheet : sheets) tabs_->addTab(qt::toQString(sheet));
+  }
+  const std::string active = app.activeSheetName();
+  for (int i = 0; i < tabs_->count(); ++i) {
+    if (qt::fromQString(tabs_->tabText(i)) == active) tabs_->setCurrentIndex(i);
+  }
+  updatingTabs_ = false;
+}
+
+void MainWindow::rebuildMenus() {
+  QMenuBar* bar = menuBar();
+  const QList<QMenu*> old = bar->findChildren<QMenu*>(QString(), Qt::FindDirectChildrenOnly);
+  bar->clear();
+  for (QMenu* menu : old) menu->deleteLater();
+
+  QMenu* file = bar->addMenu(qt::mnemonicText(textOf("@FILE&")));
+  file->addAction(open_);
+  file->addAction(saveAs_);
+  file->addSeparator();
+  file->addAction(exit_);
+  QMenu* edit = bar->addMenu(qt::mnemonicText(textOf("@WB_EDIT&")));
+  edit->addAction(undoWriteBack_);
+  edit->addSeparator();
+  edit->addAction(writeBack_);
+
+  auto& app = session_.app();
+  ignoringErrors([&] {
+    host::BarRef worksheetBar = app.commandBars().item(int32_t{1});
+    fillMenuBar(*bar, worksheetBar->controls(), [this](const host::ControlRef& control) {
+      reportingErrors("Workbench RunControl", [&] { session_.app().runControl(control); });
+      scheduleRefresh();
+    });
+    menuSignature_ = barSignature(worksheetBar->controls());
+  });
+}
+
+void MainWindow::retranslate() {
+  open_->setText(qt::mnemonicText(textOf("@WB_OPEN&")));
+  saveAs_->setText(qt::mnemonicText(textOf("@WB_SAVE_AS&")));
+  exit_->setText(qt::mnemonicText(textOf("@EXIT&")));
+  undoWriteBack_->setText(qt::mnemonicText(textOf("@WB_UNDO_WRITE_BACK&")));
+  writeBack_->setText(qt::mnemonicText(textOf("@WB_WRITE_BACK&")));
+  menuSignature_.clear();
+  rebuildMenus();
+  updateStatus();
+}
+
+void MainWindow::updateStatus() {
+  QString text = textOf("@WB_READY");
+  std::string address;
+  ignoringErrors([&] { address = session_.app().selectionAddress(); });
+  if (!address.empty()) text += "    " + qt::toQString(address);
+  if (session_.writeBackOn()) text += "    " + qt::plainCaptionText(textOf("@WB_WRITE_BACK&")) + " \u2713";
+  status_->setText(text);
+}
+
+bool MainWindow::openFile(const std::string& path) {
+  QApplication::setOverrideCursor(Qt::WaitCursor);
+  FileOutcome outcome = openWorkbookFile(session_.app(), path);
+  QApplication::restoreOverrideCursor();
+  if (!outcome.ok) {
+    services().messageBox(outcome.message, kExclamation, kWorkbenchCaption);
+    return false;
+  }
+  if (!outcome.workbookName.empty()) {
+    reportingErrors("Workbench Open", [&] {
+      auto sheets = session_.app().sheetNames(outcome.workbookName);
+      if (!sheets.empty()) session_.app().activateSheet(outcome.workbookName, sheets.front());
+    });
+  }
+  refreshNow();
+  return true;
+}
+
+bool MainWindow::saveActiveAs(const std::string& path) {
+  const std::string workbook = session_.app().activeWorkbookName();
+  QApplication::setOverrideCursor(Qt::WaitCursor);
+  FileOutcome outcome = saveWorkbookFile(session_.app(), workbook, path);
+  QApplication::restoreOverrideCursor();
+  if (!outcome.ok) {
+    services().messageBox(outcome.message, kExclamation, kWorkbenchCaption);
+    return false;
+  }
+  statusBar()->showMessage(qt::toQString(path), 4000);
+  return true;
+}
+
+void MainWindow::openDialog() {
+  const QString path = QFileDialog::getOpenFileName(
+      this, qt::plainCaptionText(textOf("@WB_OPEN&")).remove(QChar(0x2026)), {},
+      "Spreadsheets (*.xlsx *.ods);;* (*)");
+  if (!path.isEmpty()) openFile(qt::fromQString(path));
+}
+
+void MainWindow::saveAsDialog() {
+  QString path = QFileDialog::getSaveFileName(
+      this, qt::plainCaptionText(textOf("@WB_SAVE_AS&")).remove(QChar(0x2026)),
+      qt::toQString(session_.app().activeWorkbookName()) + ".xlsx", "Spreadsheet (*.xlsx)");
+  if (path.isEmpty()) return;
+  if (!path.endsWith(".xlsx", Qt::CaseInsensitive)) path += ".xlsx";
+  saveActiveAs(qt::fromQString(path));
+}
+
+void MainWindow::undoWriteBack() {
+  session_.undoWriteBack();
+  refreshNow();
+}
+
+void MainWindow::toggleWriteBack() {
+  session_.ui().ToggleWriteBack();
+  refreshNow();
+}
+
+void MainWindow::chooseLanguage() {
+  std::vector<std::string> names;
+  int16_t current = 0;
+  ignoringErrors([&] {
+    names = gLanguage->GetLanguageList();
+    current = gLanguage->CurrentLanguage();
+  });
+  LanguageDialog dialog(languageChoices(names), current, this);
+  if (dialog.exec() != QDialog::Accepted || dialog.chosen() < 0) return;
+  session_.changeLanguage(dialog.chosen());
+  retranslate();
+  refreshNow();
+}
+
+}  // namespace kxc::workbench

@@ -1,0 +1,79 @@
+// MainWindow: the workbench's window over the in-memory workbook: menus from the command bars,
+// formula bar, sheet grid, sheet tabs and status bar.
+#pragma once
+
+#include <QMainWindow>
+#include <map>
+#include <memory>
+#include <string>
+#include <utility>
+
+class QAction;
+class QLabel;
+class QTabBar;
+
+namespace kxc::workbench {
+
+class FormulaBar;
+class SheetModel;
+class SheetView;
+class WorkbenchSession;
+
+// Shows the active sheet of the active workbook and follows every change the application
+// reports (coalesced into one refresh per event-loop turn). The menu bar holds the workbench's
+// own File and Edit menus, then the controls of command bar 1 (the add-in's menu appears there
+// after CreateMenu); it is rebuilt whenever the command bars change. File > Open and Save As
+// report failures with "@WB_OPEN_FAILED" / "@WB_SAVE_FAILED". The session must outlive the
+// window. User-interface thread only.
+class MainWindow : public QMainWindow {
+  Q_OBJECT
+
+ public:
+  explicit MainWindow(WorkbenchSession& session, QWidget* parent = nullptr);
+  ~MainWindow() override;
+
+  // Brings the grid, tabs, formula bar, menus and title up to date now.
+  void refreshNow();
+  // Opens a workbook file; false (after telling the user) when it could not be read.
+  bool openFile(const std::string& path);
+  // Saves the active workbook as .xlsx; false (after telling the user) on failure.
+  bool saveActiveAs(const std::string& path);
+  // Shows the language picker; on OK the add-in and the window change language.
+  void chooseLanguage();
+  // Puts the workbench's menus up in the current language and the add-in's menus again.
+  void retranslate();
+
+  SheetView& sheetView() const { return *view_; }
+  FormulaBar& formulaBar() const { return *formulaBar_; }
+  QTabBar& sheetTabs() const { return *tabs_; }
+  QAction& writeBackAction() const { return *writeBack_; }
+  QAction& undoWriteBackAction() const { return *undoWriteBack_; }
+
+ private:
+  void scheduleRefresh();
+  void rebuildMenus();
+  void showSheet(const std::string& workbook, const std::string& sheet);
+  void refreshTabs();
+  void updateStatus();
+  void openDialog();
+  void saveAsDialog();
+  void undoWriteBack();
+  void toggleWriteBack();
+
+  WorkbenchSession& session_;
+  FormulaBar* formulaBar_;
+  SheetView* view_;
+  QTabBar* tabs_;
+  QLabel* status_;
+  QAction* open_;
+  QAction* saveAs_;
+  QAction* exit_;
+  QAction* undoWriteBack_;
+  QAction* writeBack_;
+  std::map<std::pair<std::string, std::string>, SheetModel*> models_;
+  std::string menuSignature_;
+  bool refreshPending_ = false;
+  bool updatingTabs_ = false;
+};
+
+}  // namespace kxc::workbench

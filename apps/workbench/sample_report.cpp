@@ -1,0 +1,125 @@
+#include "sample_report.h"
+
+#include <array>
+
+#include "platform/workbook/address_writer.h"
+
+namespace kxc::workbench {
+
+namespace {
+
+constexpr std::array<const char*, 5> kRegions = {"North", "South", "East", "West", "Central"};
+constexpr std::array<const char*, 4> kYears = {"2021", "2022", "2023", "2024"};
+constexpr std::array<const char*, 4> kChannels = {"Retail", "Online", "Wholesale", "Direct"};
+constexpr std::array<const char*, 6> kDepartments = {"Sales", "Marketing", "Finance",
+                                                     "IT",    "HR",        "Operations"};
+constexpr std::array<const char*, 4> kQuarters = {"Q1", "Q2", "Q3", "Q4"};
+
+std::string cell(const std::string& sheet, int32_t row, int32_t column) {
+  return workbook::sheetQualifier(sheet) + workbook::cellAddress(row, column, false, false);
+}
+
+// A relative reference as written inside a formula, anchored as asked.
+std::string ref(int32_t row, int32_t column, bool rowAbsolute, bool columnAbsolute) {
+  return workbook::cellAddress(row, column, rowAbsolute, columnAbsolute);
+}
+
+// Rows `first`..`last` of `column` summed.
+std::string sumDown(int32_t first, int32_t last, int32_t column) {
+  return "=SUM(" + ref(first, column, false, false) + ":" + ref(last, column, false, false) + ")";
+}
+
+std::string sumAcross(int32_t row, int32_t first, int32_t last) {
+  return "=SUM(" + ref(row, first, false, false) + ":" + ref(row, last, false, false) + ")";
+}
+
+void fillSalesSheet(workbook::InMemoryApplication& app, const std::string& sheet) {
+  auto set = [&](int32_t row, int32_t column, const std::string& text) {
+    app.setCell(cell(sheet, row, column), text);
+  };
+  set(1, 1, "Sales by region and year");
+  set(2, 1, "Amount of all products, channels and customers (cache \"Sales\")");
+  const int32_t header = 4;
+  const int32_t first = header + 1;
+  const int32_t last = first + static_cast<int32_t>(kRegions.size()) - 1;
+  const int32_t totalColumn = 2 + static_cast<int32_t>(kYears.size());
+  set(header, 1, "Region");
+  for (size_t y = 0; y < kYears.size(); ++y) set(header, 2 + static_cast<int32_t>(y), kYears[y]);
+  set(header, totalColumn, "Total");
+  for (size_t r = 0; r < kRegions.size(); ++r) {
+    const int32_t row = first + static_cast<int32_t>(r);
+    set(row, 1, kRegions[r]);
+    for (int32_t column = 2; column < totalColumn; ++column) {
+      set(row, column,
+          "=BV_KXCSUM(\"Sales\",1," + ref(row, 1, false, true) +
+              ",\"<ALL>\",\"<ALL>\",\"<ALL>\"," + ref(header, column, true, false) + ")");
+    }
+    set(row, totalColumn, sumAcross(row, 2, totalColumn - 1));
+  }
+  set(last + 1, 1, "Total");
+  for (int32_t column = 2; column <= totalColumn; ++column) {
+    set(last + 1, column, sumDown(first, last, column));
+  }
+
+  const int32_t channelHeader = last + 4;
+  set(channelHeader - 1, 1, "Quantity by channel");
+  set(channelHeader, 1, "Channel");
+  set(channelHeader, 2, "2023");
+  set(channelHeader, 3, "2024");
+  for (size_t c = 0; c < kChannels.size(); ++c) {
+    const int32_t row = channelHeader + 1 + static_cast<int32_t>(c);
+    set(row, 1, kChannels[c]);
+    for (int32_t column = 2; column <= 3; ++column) {
+      set(row, column,
+          "=BV_KXCSUM(\"Sales\",\"Quantity\",\"<ALL>\",\"<ALL>\"," + ref(row, 1, false, true) +
+              ",\"<ALL>\"," + ref(channelHeader, column, true, false) + ")");
+    }
+  }
+}
+
+void fillBudgetSheet(workbook::InMemoryApplication& app, const std::string& sheet) {
+  auto set = [&](int32_t row, int32_t column, const std::string& text) {
+    app.setCell(cell(sheet, row, column), text);
+  };
+  set(1, 1, "Budget by department and quarter");
+  set(3, 1, "Year");
+  set(3, 2, "2024");
+  const int32_t header = 5;
+  const int32_t first = header + 1;
+  const int32_t last = first + static_cast<int32_t>(kDepartments.size()) - 1;
+  const int32_t totalColumn = 2 + static_cast<int32_t>(kQuarters.size());
+  set(header, 1, "Department");
+  for (size_t q = 0; q < kQuarters.size(); ++q) {
+    set(header, 2 + static_cast<int32_t>(q), kQuarters[q]);
+  }
+  set(header, totalColumn, "Total");
+  for (size_t d = 0; d < kDepartments.size(); ++d) {
+    const int32_t row = first + static_cast<int32_t>(d);
+    set(row, 1, kDepartments[d]);
+    for (int32_t column = 2; column < totalColumn; ++column) {
+      set(row, column,
+          "=BV_KXCSUM(\"Budget\",\"Budget\"," + ref(row, 1, false, true) + ",\"<ALL>\"," +
+              ref(3, 2, true, true) + "," + ref(header, column, true, false) + ")");
+    }
+    set(row, totalColumn, sumAcross(row, 2, totalColumn - 1));
+  }
+  set(last + 1, 1, "Total");
+  for (int32_t column = 2; column <= totalColumn; ++column) {
+    set(last + 1, column, sumDown(first, last, column));
+  }
+}
+
+}  // namespace
+
+void addSampleReport(workbook::InMemoryApplication& app) {
+  app.addWorkbook(kSampleWorkbookName);
+  app.addSheet(kSampleWorkbookName, kBudgetSheet);
+  app.setCalculationSuspended(true);
+  fillSalesSheet(app, kReportSheet);
+  fillBudgetSheet(app, kBudgetSheet);
+  app.setCalculationSuspended(false);
+  app.activateSheet(kSampleWorkbookName, kReportSheet);
+  app.select(kFirstFormulaCell);
+}
+
+}  // namespace kxc::workbench

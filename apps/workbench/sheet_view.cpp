@@ -1,0 +1,131 @@
+#include "sheet_view.h"
+
+#include <QContextMenuEvent>
+#include <QHeaderView>
+#include <QMenu>
+#include <QMouseEvent>
+#include <algorithm>
+
+#include "command_bar_menus.h"
+#include "platform/error_report.h"
+#include "platform/workbook/reference_syntax.h"
+#include "sheet_model.h"
+
+namespace kxc::workbench {
+
+std::vector<workbook::Area> parseSelectionAddress(const std::string& address) {
+  std::vector<workbook::Area> areas;
+  size_t start = 0;
+  while (start <= address.size()) {
+    // Commas inside quoted sheet names do not separate areas.
+    size_t end = start;
+    bool quoted = false;
+    while (end < address.size() && (quoted || address[end] != ',')) {
+      if (address[end] == '\'') quoted = !quoted;
+      ++end;
+    }
+    auto syntax = workbook::parseReference(std::string_view(address).substr(start, end - start));
+    if (syntax && !syntax->isName) areas.push_back(syntax->area);
+    start = end + 1;
+  }
+  return areas;
+}
+
+SheetView::SheetView(std::shared_ptr<workbook::InMemoryApplication> app, QWidget* parent)
+    : QTableView(parent), app_(std::move(app)) {
+  setEditTriggers(QAbstractItemView::EditKeyPressed | QAbstractItemView::AnyKeyPressed);
+  setSelectionMode(QAbstractItemView::ExtendedSelection);
+  setSelectionBehavior(QAbstractItemView::SelectItems);
+  horizontalHeader()->setDefaultSectionSize(96);
+  verticalHeader()->setDefaultSectionSize(verticalHeader()->minimumSectionSize() + 4);
+  verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+  setContextMenuPolicy(Qt::DefaultContextMenu);
+}
+
+void SheetView::setSheetModel(SheetModel* model) {
+  model_ = model;
+  syncing_ = true;
+  setModel(model);
+  syncing_ = false;
+  showApplicationSelection();
+}
+
+void SheetView::selectionChanged(const QItemSelection& selected,
+                                 const QItemSelection& deselected) {
+  QTableView::selectionChanged(selected, deselected);
+  if (!syncing_) pushSelection();
+}
+
+void SheetView::pushSelection() {
+  if (!model_ || !selectionModel()) return;
+  const QItemSelection selection = selectionModel()->selection();
+  if (selection.isEmpty()) return;
+  // The current cell's area goes first: the application makes the first cell active.
+  std::string reference;
+  for (const QItemSelectionRange& range : selection) {
+    std::string area = model_->reference(range.top(), range.left(), range.bottom(), range.right());
+    if (range.contains(currentIndex())) {
+      reference = reference.empty() ? area : area + "," + reference;
+    } else {
+      reference += (reference.empty() ? "" : ",") + area;
+    }
+  }
+  reportingErrors("Workbench Select", [&] { app_->select(reference); });
+}
+
+void SheetView::showApplicationSelection() {
+  if (!model_ || !selectionModel()) return;
+  if (app_->activeWorkbookName() != model_->workbookName() ||
+      app_->activeSheetName() != model_->sheetName()) {
+    return;
+  }
+  std::string address;
+  ignoringErrors([&] { address = app_->selectionAddress(); });
+  const auto areas = parseSelectionAddress(address);
+  if (areas.empty()) return;
+  QItemSelection selection;
+  const int lastRow = model_->rowCount() - 1;
+  const int lastColumn = model_->columnCount() - 1;
+  for (const workbook::Area& a : areas) {
+    const int top = a.top - 1, left = a.left - 1;
+    if (top > lastRow || left > lastColumn) continue;
+    selection.select(model_->index(top, left),
+                     model_->index(std::min(a.bottom - 1, lastRow), std::min(a.right - 1, lastColumn)));
+  }
+  if (selection == selectionModel()->selection()) return;
+  syncing_ = true;
+  const QModelIndex active = model_->index(areas.front().top - 1, areas.front().left - 1);
+  selectionModel()->setCurrentIndex(active, QItemSelectionModel::NoUpdate);
+  selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
+  scrollTo(active);
+  syncing_ = false;
+}
+
+void SheetView::mouseDoubleClickEvent(QMouseEvent* event) {
+  const QModelIndex index = indexAt(event->position().toPoint());
+  if (!index.isValid() || !model_) {
+    QTableView::mouseDoubleClickEvent(event);
+    return;
+  }
+  bool cancelled = true;
+  reportingErrors("Workbench DoubleClick", [&] {
+    cancelled = app_->doubleClick(model_->reference(index.row(), index.column()));
+  });
+  if (afterCommand) afterCommand();
+  if (!cancelled) edit(index);
+}
+
+void SheetView::contextMenuEvent(QContextMenuEvent* event) {
+  QMenu menu(this);
+  host::BarRef bar;
+  ignoringErrors([&] { bar = app_->commandBars().item(std::string("Cell")); });
+  if (!bar) return;
+  fillMenu(menu, bar->controls(), [this](const host::ControlRef& control) {
+    reportingErrors("Workbench RunControl", [&] { app_->runControl(control); });
+    if (afterCommand) afterCommand();
+  });
+  if (menu.isEmpty()) return;
+  menu.exec(event->globalPos());
+}
+
+}  // namespace kxc::workbench

@@ -1,0 +1,133 @@
+#include "workbench_session.h"
+
+#include <QPointer>
+
+#include "cache_manager_window.h"
+#include "dialogs/transactions_form.h"
+#include "engine/cache_function.h"
+#include "engine/engine_registration.h"
+#include "engine/manager_object.h"
+#include "facade/add_in_setup.h"
+#include "facade/tm_globals.h"
+#include "form_views.h"
+#include "formula/formula_flows.h"
+#include "platform/catalogue/catalogue_reader.h"
+#include "platform/catalogue_table.h"
+#include "platform/error_report.h"
+#include "platform/object_factory.h"
+#include "platform/qt/qt_services.h"
+#include "platform/settings/file_settings_store.h"
+#include "platform/settings_store.h"
+
+namespace kxc::workbench {
+
+// What the session replaced process-wide, put back when it ends.
+struct WorkbenchSession::Restore {
+  std::shared_ptr<SettingsStore> settings;
+  CatalogueOpener opener;
+  std::shared_ptr<Services> services;
+  QPointer<CacheManagerWindow> managerWindow;
+};
+
+WorkbenchSession::WorkbenchSession(engine::EngineOptions options,
+                                   std::shared_ptr<Services> services)
+    : restore_(std::make_unique<Restore>()) {
+  restore_->settings = setSettingsStore(FileSettingsStore::fromEnvironment());
+  restore_->opener = setCatalogueOpener(openCatalogueFile);
+  if (!services) services = std::make_shared<qt::QtServices>();
+  restore_->services = setServices(std::move(services));
+  views_ = std::make_unique<FormViews>();
+  views_->installModalLoop();
+
+  core_ = engine::registerEngineObjects(ObjectFactory::instance(), std::move(options));
+  reportingErrors("Workbench Start", [&] { engine_ = createObject(engine::kEngineProgId); });
+  app_ = workbook::InMemoryApplication::create(kWorkbenchCaption);
+  if (engine_) engine::registerCacheFunction(*app_, engine_);
+
+  engine::setManagerWindowOpener([this](ObjectRef engine) {
+    Restore& r = *restore_;
+    if (!r.managerWindow) {
+      r.managerWindow = new CacheManagerWindow(
+          std::move(engine), [this](const std::string& file, const std::string& name,
+                                    const engine::ImportProgress& progress) {
+            return importCsv(file, name, progress);
+          });
+    }
+    r.managerWindow->refresh();
+    r.managerWindow->show();
+    r.managerWindow->raise();
+    r.managerWindow->activateWindow();
+  });
+
+  installAddIn();
+  host::ApplicationRef host = app_;
+  ObjectRef engine = engine_;
+  ui_.Initialise(host, engine);
+  createAddInMenus();
+  reportingErrors("Workbench Start", [&] { views_->attachDialogs(); });
+  app_->setCommandHandler([this](const std::string& command) { runCommand(command); });
+}
+
+WorkbenchSession::~WorkbenchSession() {
+  app_->setCommandHandler(nullptr);
+  app_->setChangeObserver(nullptr);
+  ignoringErrors([&] { app_->uninstallAddin(kAddInWorkbook); });
+  ui_.Shutdown();
+  engine::setManagerWindowOpener(nullptr);
+  delete restore_->managerWindow.data();
+  views_.reset();
+  releaseFormulaDialogs();
+  releaseFrmTransactions();
+  resetGlobals();
+  engine_.reset();
+  ObjectFactory::instance().unregister(engine::kEngineProgId);
+  ObjectFactory::instance().unregister(engine::kManagerProgId);
+  setServices(restore_->services);
+  setCatalogueOpener(restore_->opener);
+  setSettingsStore(restore_->settings);
+}
+
+void WorkbenchSession::prepareCaches() {
+  reportingErrors("Workbench Start", [&] { core_->cacheCount(); });
+}
+
+void WorkbenchSession::runCommand(const std::string& command) {
+  if (command == "FormulaEditor") {
+    std::string formula;
+    ignoringErrors([&] {
+      host::RangeRef cell = app_->activeCell();
+      if (cell) formula = cell->formula();
+    });
+    ui_.ShowFormulaBuilder(formula);
+  } else if (command == "DrillTrans") {
+    ui_.StartDrillDownTrans();
+  } else if (command == "CacheManager") {
+    ui_.CacheManager();
+  } else if (command == "ChangeLanguage") {
+    if (onChangeLanguage) onChangeLanguage();
+  }
+  if (afterCommand) afterCommand();
+}
+
+void WorkbenchSession::changeLanguage(int16_t language) {
+  int16_t chosen = language;
+  ui_.ChangeCurrentLang(chosen);
+  createAddInMenus();
+}
+
+bool WorkbenchSession::undoWriteBack() {
+  bool undone = false;
+  reportingErrors("Workbench UndoWriteBack",
+                  [&] { undone = invoke(engine_, "UndoWriteBack").toBool(); });
+  app_->recalculate();
+  return undone;
+}
+
+bool WorkbenchSession::writeBackOn() const { return gWriteBack != nullptr; }
+
+int32_t WorkbenchSession::importCsv(const std::string& file, const std::string& cacheName,
+                                    const engine::ImportProgress& progress) {
+  return core_->importCsv(file, cacheName, progress);
+}
+
+}  // namespace kxc::workbench

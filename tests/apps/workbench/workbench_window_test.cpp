@@ -1,0 +1,177 @@
+#include <gtest/gtest.h>
+
+#include <QApplication>
+
+#include <QAction>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QTabBar>
+#include <QTest>
+
+#include "dialogs/frm_cache_formula.h"
+#include "facade/tm_globals.h"
+#include "formula_bar.h"
+#include "gui_environment.h"
+#include "language/language.h"
+#include "platform/qt/caption_text.h"
+#include "platform/qt/qt_text.h"
+#include "sheet_view.h"
+
+namespace kxc::testing {
+namespace {
+
+using WorkbenchWindow = WorkbenchTest;
+
+QStringList menuTitles(QMenuBar& bar) {
+  QStringList titles;
+  for (QAction* action : bar.actions()) titles << action->text();
+  return titles;
+}
+
+QString translated(const char* key) {
+  return qt::mnemonicText(qt::toQString(gLanguage->TransMes(key)));
+}
+
+TEST_F(WorkbenchWindow, SampleReportShowsCacheValuesAndTotals) {
+  for (const char* cell : {"Sheet1!B5", "Sheet1!E9", "Budget!B6", "Sheet1!C15"}) {
+    const std::string text = app().displayText(cell);
+    EXPECT_FALSE(text.empty()) << cell;
+    EXPECT_NE(text[0], '#') << cell << " shows " << text;
+  }
+  EXPECT_EQ(app().displayText("Sheet1!F10"), app().displayText("Sheet1!F10"));
+  EXPECT_NE(app().displayText("Sheet1!F10"), "0");
+}
+
+TEST_F(WorkbenchWindow, DISABLED_MenuBarHoldsTheAddInMenuAndLosesItOnUninstall) {
+  const QString addIn = translated("@KES_CACHE &A");
+  EXPECT_TRUE(menuTitles(*window().menuBar()).contains(addIn)) << menuTitles(*window().menuBar()).join("|").toStdString();
+  app().uninstallAddin(workbench::kAddInWorkbook);
+  window().refreshNow();
+  EXPECT_FALSE(menuTitles(*window().menuBar()).contains(addIn));
+}
+
+TEST_F(WorkbenchWindow, ClickingACellSelectsItAndShowsItsFormula) {
+  QTest::mouseClick(window().sheetView().viewport(), Qt::LeftButton, {}, cellCentre(6, 3));
+  processEvents();
+  EXPECT_EQ(app().selectionAddress(), "$C$6");
+  EXPECT_EQ(window().formulaBar().nameBox().text(), "$C$6");
+  EXPECT_EQ(qt::fromQString(window().formulaBar().formulaBox().text()),
+            "=BV_KXCSUM(\"Sales\",1,$A6,\"<ALL>\",\"<ALL>\",\"<ALL>\",C$4)");
+}
+
+TEST_F(WorkbenchWindow, FormulaBarEnterTypesIntoTheActiveCell) {
+  app().select("Sheet1!A20");
+  window().refreshNow();
+  QLineEdit& box = window().formulaBar().formulaBox();
+  box.setFocus();
+  box.selectAll();
+  QTest::keyClicks(&box, "=B10+1");
+  QTest::keyClick(&box, Qt::Key_Return);
+  processEvents();
+  EXPECT_EQ(app().cellFormula("Sample Report", "Sheet1", 20, 1), "=B10+1");
+  EXPECT_EQ(window().sheetView().model()->index(19, 0).data().toString().toStdString(),
+            app().displayText("Sheet1!A20"));
+}
+
+TEST_F(WorkbenchWindow, NameBoxSelectsWhatIsTypedThere) {
+  QLineEdit& box = window().formulaBar().nameBox();
+  box.setFocus();
+  box.selectAll();
+  QTest::keyClicks(&box, "B6:C7");
+  QTest::keyClick(&box, Qt::Key_Return);
+  processEvents();
+  EXPECT_EQ(app().selectionAddress(), "$B$6:$C$7");
+  const auto selected = window().sheetView().selectionModel()->selectedIndexes();
+  EXPECT_EQ(selected.size(), 4);
+}
+
+TEST_F(WorkbenchWindow, DISABLED_TypingInTheGridEntersTheCell) {
+  auto& view = window().sheetView();
+  QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, cellCentre(22, 4));
+  processEvents();
+  QTest::keyClicks(&view, "42");
+  QTest::keyClick(view.focusWidget(), Qt::Key_Return);
+  processEvents();
+  EXPECT_EQ(app().displayText("Sheet1!D22"), "42");
+}
+
+TEST_F(WorkbenchWindow, DoubleClickEditsPlainCellsButOpensTheBuilderOnCacheFormulas) {
+  auto& view = window().sheetView();
+  QTest::mouseDClick(view.viewport(), Qt::LeftButton, {}, cellCentre(25, 1));
+  processEvents();
+  auto editorOpen = [&view] {
+    QWidget* focus = QApplication::focusWidget();
+    return focus != nullptr && view.viewport()->isAncestorOf(focus);
+  };
+  EXPECT_TRUE(editorOpen());
+  QTest::keyClick(view.focusWidget(), Qt::Key_Escape);
+  processEvents();
+
+  QTest::mouseDClick(view.viewport(), Qt::LeftButton, {}, cellCentre(5, 2));
+  processEvents();
+  EXPECT_FALSE(editorOpen());
+  EXPECT_TRUE(frmCacheFormula().form().visible());
+  frmCacheFormula().form().hide();
+}
+
+TEST_F(WorkbenchWindow, SheetTabsSwitchTheActiveSheet) {
+  QTabBar& tabs = window().sheetTabs();
+  ASSERT_EQ(tabs.count(), 2);
+  EXPECT_EQ(tabs.tabText(1), "Budget");
+  tabs.setCurrentIndex(1);
+  processEvents();
+  EXPECT_EQ(app().activeSheetName(), "Budget");
+  EXPECT_EQ(window().sheetView().model()->index(0, 0).data().toString(),
+            "Budget by department and quarter");
+}
+
+TEST_F(WorkbenchWindow, WriteBackActionTogglesTheAddInsWriteBack) {
+  QAction& action = window().writeBackAction();
+  action.trigger();
+  EXPECT_TRUE(session().writeBackOn());
+  EXPECT_TRUE(action.isChecked());
+  action.trigger();
+  EXPECT_FALSE(session().writeBackOn());
+  EXPECT_FALSE(action.isChecked());
+}
+
+TEST_F(WorkbenchWindow, DISABLED_UndoWriteBackRestoresTheCacheValue) {
+  const std::string before = app().displayText("Sheet1!B5");
+  window().writeBackAction().trigger();
+  app().typeInto("Sheet1!$B$5", "12345");
+  window().refreshNow();
+  const std::string written = app().displayText("Sheet1!B5");
+  EXPECT_NE(written, before);
+  window().undoWriteBackAction().trigger();
+  EXPECT_EQ(app().displayText("Sheet1!B5"), before);
+  window().writeBackAction().trigger();
+}
+
+TEST_F(WorkbenchWindow, DISABLED_ChangingLanguageRetranslatesTheWholeMenuBar) {
+  const QStringList english = menuTitles(*window().menuBar());
+  session().changeLanguage(2);
+  window().retranslate();
+  const QStringList german = menuTitles(*window().menuBar());
+  ASSERT_EQ(german.size(), english.size());
+  EXPECT_NE(german.front(), english.front());
+  EXPECT_TRUE(german.contains(translated("@KES_CACHE &A")));
+  for (const QString& title : german) EXPECT_FALSE(title.startsWith("!!")) << title.toStdString();
+  session().changeLanguage(0);
+}
+
+TEST_F(WorkbenchWindow, OpeningAMissingFileSaysWhichAndWhy) {
+  EXPECT_FALSE(window().openFile((scratchFolder() / "missing.xlsx").string()));
+  ASSERT_EQ(services().messages.size(), 1u);
+  EXPECT_NE(services().messages[0].text.find("missing.xlsx"), std::string::npos);
+  EXPECT_EQ(services().messages[0].style, 48);
+  EXPECT_EQ(app().activeWorkbookName(), "Sample Report");
+}
+
+TEST_F(WorkbenchWindow, SavingIntoAMissingFolderSaysWhichAndWhy) {
+  EXPECT_FALSE(window().saveActiveAs((scratchFolder() / "no" / "such" / "out.xlsx").string()));
+  ASSERT_EQ(services().messages.size(), 1u);
+  EXPECT_NE(services().messages[0].text.find("out.xlsx"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace kxc::testing
