@@ -38,7 +38,11 @@ void fillSalesSheet(workbook::InMemoryApplication& app, const std::string& sheet
     app.setCell(cell(sheet, row, column), text);
   };
   set(1, 1, "Sales by region and year");
-  set(2, 1, "Amount of all products, channels and customers (cache \"Sales\")");
+  // The cache name sits in a cell that every formula references, so that write-back (which
+  // resolves only references) can name the cache.
+  set(2, 1, "Cache");
+  set(2, 2, "Sales");
+  set(2, 3, "Amount of all products, channels and customers");
   const int32_t header = 4;
   const int32_t first = header + 1;
   const int32_t last = first + static_cast<int32_t>(kRegions.size()) - 1;
@@ -51,7 +55,7 @@ void fillSalesSheet(workbook::InMemoryApplication& app, const std::string& sheet
     set(row, 1, kRegions[r]);
     for (int32_t column = 2; column < totalColumn; ++column) {
       set(row, column,
-          "=BV_KXCSUM(\"Sales\",1," + ref(row, 1, false, true) +
+          "=BV_KXCSUM($B$2,1," + ref(row, 1, false, true) +
               ",\"<ALL>\",\"<ALL>\",\"<ALL>\"," + ref(header, column, true, false) + ")");
     }
     set(row, totalColumn, sumAcross(row, 2, totalColumn - 1));
@@ -71,7 +75,7 @@ void fillSalesSheet(workbook::InMemoryApplication& app, const std::string& sheet
     set(row, 1, kChannels[c]);
     for (int32_t column = 2; column <= 3; ++column) {
       set(row, column,
-          "=BV_KXCSUM(\"Sales\",\"Quantity\",\"<ALL>\",\"<ALL>\"," + ref(row, 1, false, true) +
+          "=BV_KXCSUM($B$2,2,\"<ALL>\",\"<ALL>\"," + ref(row, 1, false, true) +
               ",\"<ALL>\"," + ref(channelHeader, column, true, false) + ")");
     }
   }
@@ -82,6 +86,8 @@ void fillBudgetSheet(workbook::InMemoryApplication& app, const std::string& shee
     app.setCell(cell(sheet, row, column), text);
   };
   set(1, 1, "Budget by department and quarter");
+  set(2, 1, "Cache");
+  set(2, 2, "Budget");
   set(3, 1, "Year");
   set(3, 2, "2024");
   const int32_t header = 5;
@@ -98,7 +104,7 @@ void fillBudgetSheet(workbook::InMemoryApplication& app, const std::string& shee
     set(row, 1, kDepartments[d]);
     for (int32_t column = 2; column < totalColumn; ++column) {
       set(row, column,
-          "=BV_KXCSUM(\"Budget\",\"Budget\"," + ref(row, 1, false, true) + ",\"<ALL>\"," +
+          "=BV_KXCSUM($B$2,1," + ref(row, 1, false, true) + ",\"<ALL>\"," +
               ref(3, 2, true, true) + "," + ref(header, column, true, false) + ")");
     }
     set(row, totalColumn, sumAcross(row, 2, totalColumn - 1));

@@ -53,7 +53,7 @@ TEST_F(AddInDialogs, BuilderChangesTheMeasureOfTheClickedFormula) {
   processEvents();
   EXPECT_FALSE(builder.visible());
   EXPECT_EQ(app().cellFormula("Sample Report", "Sheet1", 5, 2),
-            "=BV_KXCSUM(\"Sales\",2,$A5,\"<ALL>\",\"<ALL>\",\"<ALL>\",B$4)");
+            "=BV_KXCSUM($B$2,2,$A5,\"<ALL>\",\"<ALL>\",\"<ALL>\",B$4)");
 }
 
 TEST_F(AddInDialogs, LookupPicksMembersWithTheKeyboard) {
