@@ -33,12 +33,12 @@ void CreateMenu(const host::BarRef& bar) {
     host::ControlRef popup = bar->controls().add(host::ControlType::Popup);
     popup->setTag(kTag);
     popup->setCaption(translated(kMenuCaptionKey));
-    for (const MenuItemSpec& spec : kMenuItems) {
+    for (const MenuItemSpec& entry : kMenuItems) {
       host::ControlRef item = popup->controls().add(host::ControlType::Button);
       item->setTag(kTag);
-      item->setCaption(translated(spec.captionKey));
-      item->setParameter(std::string(spec.controlName));
-      item->setOnAction(std::string(spec.command));
+      item->setCaption(translated(entry.captionKey));
+      item->setParameter(std::string(entry.controlName));
+      item->setOnAction(std::string(entry.command));
     }
   });
 }

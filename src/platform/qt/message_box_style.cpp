@@ -6,57 +6,57 @@ namespace kxc::qt {
 
 MessageBoxSpec messageBoxSpec(int style) {
   using B = QMessageBox;
-  MessageBoxSpec spec;
+  MessageBoxSpec box;
   switch (style & 7) {
     case 1:
-      spec.buttons = {B::Ok, B::Cancel};
+      box.buttons = {B::Ok, B::Cancel};
       break;
     case 2:
-      spec.buttons = {B::Abort, B::Retry, B::Ignore};
+      box.buttons = {B::Abort, B::Retry, B::Ignore};
       break;
     case 3:
-      spec.buttons = {B::Yes, B::No, B::Cancel};
+      box.buttons = {B::Yes, B::No, B::Cancel};
       break;
     case 4:
-      spec.buttons = {B::Yes, B::No};
+      box.buttons = {B::Yes, B::No};
       break;
     case 5:
-      spec.buttons = {B::Retry, B::Cancel};
+      box.buttons = {B::Retry, B::Cancel};
       break;
     default:
-      spec.buttons = {B::Ok};
+      box.buttons = {B::Ok};
       break;
   }
   switch (style & 0x70) {
     case 16:
-      spec.icon = B::Critical;
+      box.icon = B::Critical;
       break;
     case 32:
-      spec.icon = B::Question;
+      box.icon = B::Question;
       break;
     case 48:
-      spec.icon = B::Warning;
+      box.icon = B::Warning;
       break;
     case 64:
-      spec.icon = B::Information;
+      box.icon = B::Information;
       break;
     default:
-      spec.icon = B::NoIcon;
+      box.icon = B::NoIcon;
       break;
   }
   const std::size_t defaultIndex = static_cast<std::size_t>((style & 0x300) >> 8);
-  spec.defaultButton = spec.buttons[defaultIndex < spec.buttons.size() ? defaultIndex : 0];
+  box.defaultButton = box.buttons[defaultIndex < box.buttons.size() ? defaultIndex : 0];
   auto has = [&](B::StandardButton b) {
-    return std::find(spec.buttons.begin(), spec.buttons.end(), b) != spec.buttons.end();
+    return std::find(box.buttons.begin(), box.buttons.end(), b) != box.buttons.end();
   };
   if (has(B::Cancel)) {
-    spec.escapeButton = B::Cancel;
+    box.escapeButton = B::Cancel;
   } else if (has(B::No)) {
-    spec.escapeButton = B::No;
-  } else if (spec.buttons.size() == 1) {
-    spec.escapeButton = spec.buttons.front();
+    box.escapeButton = B::No;
+  } else if (box.buttons.size() == 1) {
+    box.escapeButton = box.buttons.front();
   }
-  return spec;
+  return box;
 }
 
 int messageBoxAnswer(QMessageBox::StandardButton button) {

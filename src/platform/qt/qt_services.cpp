@@ -15,17 +15,17 @@
 namespace kxc::qt {
 
 int QtServices::messageBox(std::string_view text, int style, std::string_view title) {
-  const MessageBoxSpec spec = messageBoxSpec(style);
+  const MessageBoxSpec wanted = messageBoxSpec(style);
   QWidget* parent = QApplication::activeModalWidget();
   if (!parent) parent = QApplication::activeWindow();
   QMessageBox box(parent);
-  box.setIcon(spec.icon);
+  box.setIcon(wanted.icon);
   box.setWindowTitle(title.empty() ? QApplication::applicationName() : toQString(title));
   box.setText(toQString(text));
   box.setTextFormat(Qt::PlainText);
-  for (QMessageBox::StandardButton button : spec.buttons) box.addButton(button);
-  box.setDefaultButton(spec.defaultButton);
-  if (spec.escapeButton != QMessageBox::NoButton) box.setEscapeButton(spec.escapeButton);
+  for (QMessageBox::StandardButton button : wanted.buttons) box.addButton(button);
+  box.setDefaultButton(wanted.defaultButton);
+  if (wanted.escapeButton != QMessageBox::NoButton) box.setEscapeButton(wanted.escapeButton);
   box.exec();
   return messageBoxAnswer(box.standardButton(box.clickedButton()));
 }

@@ -127,11 +127,11 @@ TEST(MessageBoxSpec, MapsIconButtonsAndDefaults) {
       {7, B::NoIcon, {B::Ok}, B::Ok, B::Ok},
   };
   for (const auto& c : cases) {
-    const MessageBoxSpec spec = messageBoxSpec(c.style);
-    EXPECT_EQ(spec.icon, c.icon) << c.style;
-    EXPECT_EQ(spec.buttons, c.buttons) << c.style;
-    EXPECT_EQ(spec.defaultButton, c.defaultButton) << c.style;
-    EXPECT_EQ(spec.escapeButton, c.escapeButton) << c.style;
+    const MessageBoxSpec box = messageBoxSpec(c.style);
+    EXPECT_EQ(box.icon, c.icon) << c.style;
+    EXPECT_EQ(box.buttons, c.buttons) << c.style;
+    EXPECT_EQ(box.defaultButton, c.defaultButton) << c.style;
+    EXPECT_EQ(box.escapeButton, c.escapeButton) << c.style;
   }
 }
 
