@@ -18,6 +18,7 @@
 #include "platform/qt/qt_services.h"
 #include "platform/settings/file_settings_store.h"
 #include "platform/settings_store.h"
+#include "platform/tm_win_reg.h"
 
 namespace kxc::workbench {
 
@@ -33,6 +34,9 @@ WorkbenchSession::WorkbenchSession(engine::EngineOptions options,
                                    std::shared_ptr<Services> services)
     : restore_(std::make_unique<Restore>()) {
   restore_->settings = setSettingsStore(FileSettingsStore::fromEnvironment());
+  // The add-in only writes into an existing settings key (an installation makes it); on a fresh
+  // account the workbench makes it, or the chosen language would not be kept.
+  CreateRegKey(HKEY_CURRENT_USER, "Software\\", "Kestra\\Cache");
   restore_->opener = setCatalogueOpener(openCatalogueFile);
   if (!services) services = std::make_shared<qt::QtServices>();
   restore_->services = setServices(std::move(services));

@@ -19,9 +19,7 @@ class WorkbenchEnvironment : public ::testing::Environment {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const auto& folder = scratchFolder();
     ::setenv("KXC_CONFIG_HOME", (folder / "config").c_str(), 1);
-    if (const char* source = std::getenv("KXC_SOURCE_DIR")) {
-      ::setenv("KXC_LIBRARY_DIR", (std::filesystem::path(source) / "data").c_str(), 1);
-    }
+    ::setenv("KXC_LIBRARY_DIR", (std::filesystem::path(KXC_SOURCE_DIR) / "data").c_str(), 1);
     app_ = std::make_unique<QApplication>(argc_, argv_);
   }
   void TearDown() override {
