@@ -20,9 +20,10 @@ constexpr const char* kChosenProducts = "Widgets,Gizmos,Cogs";
 
 }  // namespace
 
+// The same path a user's double-click on the cell takes: the add-in's double-click handler
+// opens the builder on the cell's formula.
 void openBuilderScene(WorkbenchSession& session) {
-  reportingErrors("Workbench Scene", [&] { session.app().select(kFirstFormulaCell); });
-  session.runCommand("FormulaEditor");
+  reportingErrors("Workbench Scene", [&] { session.app().doubleClick(kFirstFormulaCell); });
 }
 
 void openLookupScene(WorkbenchSession& session, const std::function<void()>& whileShown) {

@@ -89,17 +89,27 @@ QVariant SheetModel::data(const QModelIndex& index, int role) const {
     case Qt::EditRole:
       ignoringErrors([&] { text = app_->cellFormula(workbook_, sheet_, row, column); });
       return qt::toQString(text);
-    case Qt::TextAlignmentRole: {
-      Variant value;
-      ignoringErrors([&] { value = app_->cellValue(workbook_, sheet_, row, column); });
-      const bool number = value.type() == VarType::Double ||
-                          value.type() == VarType::Int32 ||
-                          value.type() == VarType::Int16;
+    case Qt::TextAlignmentRole:
       return QVariant::fromValue(Qt::AlignVCenter |
-                                 (number ? Qt::AlignRight : Qt::AlignLeft));
-    }
+                                 (numberAt(row, column) ? Qt::AlignRight : Qt::AlignLeft));
+    case kNumberRole:
+      if (auto number = numberAt(row, column)) return *number;
+      return {};
     default:
       return {};
+  }
+}
+
+std::optional<double> SheetModel::numberAt(int32_t row, int32_t column) const {
+  Variant value;
+  ignoringErrors([&] { value = app_->cellValue(workbook_, sheet_, row, column); });
+  switch (value.type()) {
+    case VarType::Double:
+    case VarType::Int32:
+    case VarType::Int16:
+      return value.toDouble();
+    default:
+      return std::nullopt;
   }
 }
 

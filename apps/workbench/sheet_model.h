@@ -3,6 +3,7 @@
 
 #include <QAbstractTableModel>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "platform/workbook/in_memory_application.h"
@@ -23,6 +24,9 @@ class SheetModel : public QAbstractTableModel {
  public:
   static constexpr int32_t kMarginRows = 30;
   static constexpr int32_t kMarginColumns = 8;
+  // The cell's number as a double, for cells that hold one; nothing for other cells. The view
+  // uses it to show numbers fitted to the column's width.
+  static constexpr int kNumberRole = Qt::UserRole + 1;
 
   SheetModel(std::shared_ptr<workbook::InMemoryApplication> app, std::string workbookName,
              std::string sheetName, QObject* parent = nullptr);
@@ -45,6 +49,7 @@ class SheetModel : public QAbstractTableModel {
 
  private:
   void measure(int32_t& rows, int32_t& columns) const;
+  std::optional<double> numberAt(int32_t row, int32_t column) const;
 
   std::shared_ptr<workbook::InMemoryApplication> app_;
   std::string workbook_;

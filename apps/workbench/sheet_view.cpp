@@ -9,6 +9,7 @@
 #include "command_bar_menus.h"
 #include "platform/error_report.h"
 #include "platform/workbook/reference_syntax.h"
+#include "sheet_delegate.h"
 #include "sheet_model.h"
 
 namespace kxc::workbench {
@@ -40,6 +41,9 @@ SheetView::SheetView(std::shared_ptr<workbook::InMemoryApplication> app, QWidget
   verticalHeader()->setDefaultSectionSize(verticalHeader()->minimumSectionSize() + 4);
   verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
   setContextMenuPolicy(Qt::DefaultContextMenu);
+  // The delegate draws the grid lines, leaving out those a long text runs across.
+  setShowGrid(false);
+  setItemDelegate(new SheetDelegate(this));
 }
 
 void SheetView::setSheetModel(SheetModel* model) {
@@ -97,8 +101,15 @@ void SheetView::showApplicationSelection() {
   const QModelIndex active = model_->index(areas.front().top - 1, areas.front().left - 1);
   selectionModel()->setCurrentIndex(active, QItemSelectionModel::NoUpdate);
   selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
-  scrollTo(active);
+  // Before the window is shown the viewport has no real size yet, and scrolling then would
+  // hide the sheet's top-left corner; showEvent brings the active cell into view instead.
+  if (isVisible()) scrollTo(active);
   syncing_ = false;
+}
+
+void SheetView::showEvent(QShowEvent* event) {
+  QTableView::showEvent(event);
+  if (currentIndex().isValid()) scrollTo(currentIndex());
 }
 
 void SheetView::mouseDoubleClickEvent(QMouseEvent* event) {

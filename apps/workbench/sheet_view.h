@@ -43,6 +43,7 @@ class SheetView : public QTableView {
                         const QItemSelection& deselected) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
+  void showEvent(QShowEvent* event) override;
 
  private:
   void pushSelection();

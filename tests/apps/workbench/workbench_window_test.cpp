@@ -5,6 +5,8 @@
 #include <QAction>
 #include <QLineEdit>
 #include <QMenuBar>
+#include <QPixmap>
+#include <QScrollBar>
 #include <QTabBar>
 #include <QTest>
 
@@ -15,10 +17,13 @@
 #include "language/language.h"
 #include "platform/qt/caption_text.h"
 #include "platform/qt/qt_text.h"
+#include "sheet_model.h"
 #include "sheet_view.h"
 
 namespace kxc::testing {
 namespace {
+
+using workbench::SheetModel;
 
 using WorkbenchWindow = WorkbenchTest;
 
@@ -40,6 +45,35 @@ TEST_F(WorkbenchWindow, SampleReportShowsCacheValuesAndTotals) {
   }
   EXPECT_EQ(app().displayText("Sheet1!F10"), app().displayText("Sheet1!F10"));
   EXPECT_NE(app().displayText("Sheet1!F10"), "0");
+}
+
+TEST_F(WorkbenchWindow, OpensOnTheSheetsTopLeftCornerWithTheFirstFormulaSelected) {
+  auto& view = window().sheetView();
+  EXPECT_EQ(view.horizontalScrollBar()->value(), 0);
+  EXPECT_EQ(view.verticalScrollBar()->value(), 0);
+  EXPECT_EQ(view.currentIndex().row(), 4);
+  EXPECT_EQ(view.currentIndex().column(), 1);
+}
+
+TEST_F(WorkbenchWindow, NarrowColumnsStillShowTheirNumbers) {
+  auto& view = window().sheetView();
+  view.setColumnWidth(1, 40);
+  const QModelIndex cell = view.model()->index(4, 1);
+  ASSERT_TRUE(cell.data(SheetModel::kNumberRole).isValid());
+  const QRect rect = view.visualRect(cell);
+  QPixmap picture(view.viewport()->size());
+  picture.fill(Qt::white);
+  view.viewport()->render(&picture);
+  // Something is drawn in the narrow cell, and nothing spills into its right neighbour's text.
+  const QImage image = picture.toImage();
+  bool inked = false;
+  for (int x = rect.left() + 2; x < rect.right() - 2 && !inked; ++x) {
+    for (int y = rect.top() + 2; y < rect.bottom() - 2 && !inked; ++y) {
+      inked = qGray(image.pixel(x, y)) < 128;
+    }
+  }
+  EXPECT_TRUE(inked);
+  EXPECT_FALSE(cell.data(Qt::DisplayRole).toString().isEmpty());
 }
 
 TEST_F(WorkbenchWindow, MenuBarHoldsTheAddInMenuAndLosesItOnUninstall) {
