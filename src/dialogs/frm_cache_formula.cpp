@@ -88,6 +88,8 @@ void FrmCacheFormula::buildControls() {
   c_.frDim->move(120, 1440, 7215, 3855);
   c_.lblDimensions = &form_.add<Label>("lblDimensions");
   c_.lblDimensions->move(240, 1740, 1455, 255);
+  // Translated like the frame's caption until a grid row names the dimension.
+  c_.lblDimensions->setTag("@KCUBE_DIMENS");
   c_.txtDimensions = &form_.add<TextBox>("txtDimensions");
   c_.txtDimensions->move(1800, 1710, 2415, 315);
   c_.cmdDimension = &form_.add<CommandButton>("cmdDimension");

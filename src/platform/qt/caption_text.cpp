@@ -30,4 +30,15 @@ QString plainCaptionText(const QString& caption) {
   return out;
 }
 
+QString windowTitleText(const QString& caption) {
+  // "(X)" or "(&X)" at the very end, X one ASCII letter or digit.
+  qsizetype open = caption.size() - 3;
+  if (open >= 1 && caption[open] == u'&') --open;
+  if (open < 1 || !caption.endsWith(u')') || caption[open] != u'(') return caption;
+  const QChar key = caption[caption.size() - 2];
+  if (key.unicode() > 0x7F || !key.isLetterOrNumber()) return caption;
+  if (caption[open + 1] == u'&' && open + 3 != caption.size() - 1) return caption;
+  return caption.left(open).trimmed();
+}
+
 }  // namespace kxc::qt

@@ -14,4 +14,9 @@ QString mnemonicText(const QString& caption);
 // other "&" is removed, so "Sales && &Costs" shows "Sales & Costs".
 QString plainCaptionText(const QString& caption);
 
+// For window titles, which have no access key: the caption as it stands, except that an access
+// key written after the text in parentheses, as East Asian and some other captions do ("数式(F)",
+// "Формула (F)", "数式(&F)"), is left out with the blank before it.
+QString windowTitleText(const QString& caption);
+
 }  // namespace kxc::qt

@@ -335,7 +335,7 @@ void QtFormView::applyButtonRoles() {
 void QtFormView::applyForm(Property property) {
   switch (property) {
     case Property::Caption:
-      window_->setWindowTitle(toQString(form_.caption()));
+      window_->setWindowTitle(windowTitleText(toQString(form_.caption())));
       break;
     case Property::Visible:
     case Property::Loaded:

@@ -77,6 +77,24 @@ TEST(CaptionText, KeepsAccessKeysForButtonsAndDropsThemForLabels) {
   }
 }
 
+TEST(CaptionText, WindowTitlesLeaveOutATrailingAccessKey) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"Kestra Cache 数式(F)", "Kestra Cache 数式"},
+      {"Формула Kestra Cache (F)", "Формула Kestra Cache"},
+      {"数式(&F)", "数式"},
+      {"Formel Kestra Cache", "Formel Kestra Cache"},
+      {"Budget (2024)", "Budget (2024)"},  // not a single key
+      {"Phase (ä)", "Phase (ä)"},          // access keys are ASCII here
+      {"(F)", "(F)"},                      // nothing would be left
+      {"x(&)", "x(&)"},
+      {"F)", "F)"},
+      {"", ""},
+  };
+  for (const auto& [caption, title] : cases) {
+    EXPECT_EQ(windowTitleText(QString::fromUtf8(caption)), QString::fromUtf8(title)) << caption;
+  }
+}
+
 TEST(ScreenUnits, FifteenTwipsPerPixelAtNinetySixDpi) {
   EXPECT_DOUBLE_EQ(twipsPerPixel(96), 15.0);
   EXPECT_DOUBLE_EQ(twipsPerPixel(144), 10.0);
