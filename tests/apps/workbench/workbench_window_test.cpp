@@ -4,6 +4,8 @@
 
 #include <QAction>
 #include <QLineEdit>
+#include <QListWidget>
+#include <QTimer>
 #include <QMenuBar>
 #include <QPixmap>
 #include <QScrollBar>
@@ -15,6 +17,7 @@
 #include "formula_bar.h"
 #include "gui_environment.h"
 #include "language/language.h"
+#include "language_dialog.h"
 #include "platform/qt/caption_text.h"
 #include "platform/qt/qt_text.h"
 #include "sheet_model.h"
@@ -192,6 +195,54 @@ TEST_F(WorkbenchWindow, ChangingLanguageRetranslatesTheWholeMenuBar) {
   EXPECT_TRUE(german.contains(translated("@KES_CACHE &A")));
   for (const QString& title : german) EXPECT_FALSE(title.startsWith("!!")) << title.toStdString();
   session().changeLanguage(0);
+}
+
+TEST_F(WorkbenchWindow, LanguageCommandOpensThePickerAndTheChoiceSticks) {
+  QAction* command = nullptr;
+  for (QAction* top : window().menuBar()->actions()) {
+    if (!top->menu()) continue;
+    for (QAction* item : top->menu()->actions()) {
+      if (item->text().remove('&') == qt::plainCaptionText(translated("@LANGUAGE &L"))) {
+        command = item;
+      }
+    }
+  }
+  ASSERT_NE(command, nullptr);
+  bool pickerShown = false;
+  QTimer::singleShot(100, [&] {
+    auto* picker = qobject_cast<workbench::LanguageDialog*>(QApplication::activeModalWidget());
+    if (!picker) return;
+    pickerShown = true;
+    QListWidget& list = picker->list();
+    for (int row = 0; row < list.count(); ++row) {
+      if (list.item(row)->text() == "Deutsch") list.setCurrentRow(row);
+    }
+    QTest::keyClick(&list, Qt::Key_Return);
+  });
+  command->trigger();
+  for (int i = 0; i < 20 && !pickerShown; ++i) QTest::qWait(50);
+  processEvents();
+  EXPECT_TRUE(pickerShown);
+  EXPECT_EQ(gLanguage->CurrentLanguage(), 2);
+  EXPECT_TRUE(menuTitles(*window().menuBar()).contains("&Datei"));
+  session().changeLanguage(0);
+  window().retranslate();
+}
+
+TEST_F(WorkbenchWindow, TypingANumberOverACacheFormulaWritesItBack) {
+  window().writeBackAction().trigger();
+  auto& view = window().sheetView();
+  const std::string formula = app().cellFormula("Sample Report", "Sheet1", 6, 3);
+  QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, cellCentre(6, 3));
+  processEvents();
+  for (const char key : std::string("1000")) QTest::keyClick(QApplication::focusWidget(), key);
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+  processEvents();
+  EXPECT_EQ(app().cellFormula("Sample Report", "Sheet1", 6, 3), formula);
+  EXPECT_EQ(app().displayText("Sheet1!C6"), "1000");
+  window().undoWriteBackAction().trigger();
+  EXPECT_NE(app().displayText("Sheet1!C6"), "1000");
+  window().writeBackAction().trigger();
 }
 
 TEST_F(WorkbenchWindow, OpeningAMissingFileSaysWhichAndWhy) {
