@@ -70,7 +70,7 @@ CacheManagerWindow::CacheManagerWindow(ObjectRef engine, CsvImport import, QWidg
 }
 
 void CacheManagerWindow::retranslate() {
-  setWindowTitle(qt::plainCaptionText(textOf("@KES_CACHE_MAN")));
+  setWindowTitle(qt::windowTitleText(qt::plainCaptionText(textOf("@KES_CACHE_MAN"))));
   table_->setHorizontalHeaderLabels(
       {textOf("@NAME"), textOf("@KCUBE_DIMENS"), textOf("@MGR_MEASURES"), textOf("@MGR_TRANSACTIONS")});
   importButton_->setText(textOf("@MGR_IMPORT&"));

@@ -37,7 +37,7 @@ LanguageDialog::LanguageDialog(const std::vector<LanguageChoice>& choices, int16
                                QWidget* parent)
     : QDialog(parent), list_(new QListWidget(this)), choices_(choices) {
   setObjectName("languageDialog");
-  setWindowTitle(qt::plainCaptionText(textOf("@WB_CHOOSE_LANGUAGE")));
+  setWindowTitle(qt::windowTitleText(qt::plainCaptionText(textOf("@WB_CHOOSE_LANGUAGE"))));
   auto* prompt = new QLabel(textOf("@WB_LANGUAGE_PROMPT"), this);
   prompt->setWordWrap(true);
   for (const LanguageChoice& choice : choices_) {

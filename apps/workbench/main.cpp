@@ -52,6 +52,9 @@ void startScreenshot(MainWindow& window, WorkbenchSession& session, const Workbe
       case ScreenshotDialog::Transactions:
         openTransactionsScene(session);
         break;
+      case ScreenshotDialog::Manager:
+        session.runCommand("CacheManager");
+        break;
       case ScreenshotDialog::Lookup: {
         bool saved = false;
         openLookupScene(session, [&window, &saved, file] {

@@ -18,6 +18,7 @@ std::optional<ScreenshotDialog> dialogNamed(const std::string& name) {
   if (name == "builder") return ScreenshotDialog::Builder;
   if (name == "lookup") return ScreenshotDialog::Lookup;
   if (name == "transactions") return ScreenshotDialog::Transactions;
+  if (name == "manager") return ScreenshotDialog::Manager;
   return std::nullopt;
 }
 
@@ -46,9 +47,9 @@ ParsedOptions parseOptions(const std::vector<std::string>& args) {
       if (!hasValue || args[i + 1].empty()) return fail("--screenshot takes a PNG file");
       o.screenshot = args[++i];
     } else if (arg == "--open") {
-      if (!hasValue) return fail("--open takes builder, lookup or transactions");
+      if (!hasValue) return fail("--open takes builder, lookup, transactions or manager");
       auto dialog = dialogNamed(args[++i]);
-      if (!dialog) return fail("--open takes builder, lookup or transactions");
+      if (!dialog) return fail("--open takes builder, lookup, transactions or manager");
       o.open = *dialog;
     } else if (arg.size() > 1 && arg[0] == '-') {
       return fail("unknown option " + arg);
@@ -69,7 +70,7 @@ const char* usageText() {
          "  --db FILE              the cache database (default: the per-user one)\n"
          "  --lang N               start in language N (0 to 15)\n"
          "  --screenshot FILE.png  render the windows into FILE.png and exit\n"
-         "  --open DIALOG          with --screenshot: builder, lookup or transactions\n";
+         "  --open DIALOG          with --screenshot: builder, lookup, transactions or manager\n";
 }
 
 }  // namespace kxc::workbench

@@ -9,14 +9,14 @@
 namespace kxc::workbench {
 
 // Which dialog the screenshot mode opens before it takes the picture.
-enum class ScreenshotDialog { None, Builder, Lookup, Transactions };
+enum class ScreenshotDialog { None, Builder, Lookup, Transactions, Manager };
 
 struct WorkbenchOptions {
   std::string databasePath;  // --db FILE; empty: the engine's default
   std::optional<int16_t> language;  // --lang N, 0 to 15
   std::string file;          // a workbook to open instead of the sample report
   std::string screenshot;    // --screenshot FILE.png
-  ScreenshotDialog open = ScreenshotDialog::None;  // --open builder|lookup|transactions
+  ScreenshotDialog open = ScreenshotDialog::None;  // --open builder|lookup|transactions|manager
   bool help = false;         // --help
 };
 

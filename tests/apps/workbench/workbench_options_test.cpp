@@ -27,7 +27,7 @@ INSTANTIATE_TEST_SUITE_P(
                       Rejected{{"--db", ""}, "--db takes a database file"},
                       Rejected{{"--screenshot"}, "--screenshot takes a PNG file"},
                       Rejected{{"--screenshot", "a.png", "--open", "menu"},
-                               "--open takes builder, lookup or transactions"},
+                               "--open takes builder, lookup, transactions or manager"},
                       Rejected{{"--open", "builder"}, "--open works with --screenshot"},
                       Rejected{{"--frobnicate"}, "unknown option --frobnicate"},
                       Rejected{{"a.xlsx", "b.xlsx"}, "only one workbook can be opened"}));
