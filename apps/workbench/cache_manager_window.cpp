@@ -18,16 +18,11 @@
 #include "platform/qt/qt_text.h"
 #include "platform/runtime_error.h"
 #include "platform/services.h"
+#include "translated_text.h"
 
 namespace kxc::workbench {
 
 namespace {
-
-QString textOf(const char* key) {
-  std::string text;
-  ignoringErrors([&] { text = gLanguage->TransMes(key); });
-  return qt::toQString(text);
-}
 
 constexpr int kExclamation = 48;
 

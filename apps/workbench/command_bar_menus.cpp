@@ -18,36 +18,30 @@ void connectRun(QAction* action, const host::ControlRef& control, const ControlR
   });
 }
 
-}  // namespace
-
-void fillMenu(QMenu& menu, host::CommandBarControls& controls, const ControlRunner& run) {
+// Menus and menu bars both take submenus and actions by caption.
+template <typename MenuLike>
+void fillWith(MenuLike& target, host::CommandBarControls& controls, const ControlRunner& run) {
   for (int32_t i = 1; i <= controls.count(); ++i) {
     host::ControlRef control;
     ignoringErrors([&] { control = controls.item(i); });
     if (!control) continue;
     const QString caption = qt::toQString(control->caption());
     if (control->type() == host::ControlType::Popup) {
-      QMenu* sub = menu.addMenu(caption);
-      fillMenu(*sub, control->controls(), run);
+      fillWith(*target.addMenu(caption), control->controls(), run);
     } else {
-      connectRun(menu.addAction(caption), control, run);
+      connectRun(target.addAction(caption), control, run);
     }
   }
 }
 
+}  // namespace
+
+void fillMenu(QMenu& menu, host::CommandBarControls& controls, const ControlRunner& run) {
+  fillWith(menu, controls, run);
+}
+
 void fillMenuBar(QMenuBar& bar, host::CommandBarControls& controls, const ControlRunner& run) {
-  for (int32_t i = 1; i <= controls.count(); ++i) {
-    host::ControlRef control;
-    ignoringErrors([&] { control = controls.item(i); });
-    if (!control) continue;
-    const QString caption = qt::toQString(control->caption());
-    if (control->type() == host::ControlType::Popup) {
-      QMenu* menu = bar.addMenu(caption);
-      fillMenu(*menu, control->controls(), run);
-    } else {
-      connectRun(bar.addAction(caption), control, run);
-    }
-  }
+  fillWith(bar, controls, run);
 }
 
 std::string barSignature(host::CommandBarControls& controls) {

@@ -11,18 +11,9 @@
 #include "platform/error_report.h"
 #include "platform/qt/caption_text.h"
 #include "platform/qt/qt_text.h"
+#include "translated_text.h"
 
 namespace kxc::workbench {
-
-namespace {
-
-QString textOf(const char* key) {
-  std::string text;
-  ignoringErrors([&] { text = gLanguage->TransMes(key); });
-  return qt::toQString(text);
-}
-
-}  // namespace
 
 std::vector<LanguageChoice> languageChoices(const std::vector<std::string>& names) {
   std::vector<LanguageChoice> choices;

@@ -24,18 +24,13 @@
 #include "sheet_view.h"
 #include "workbench_session.h"
 #include "workbook_files.h"
+#include "translated_text.h"
 
 namespace kxc::workbench {
 
 namespace {
 
 constexpr int kExclamation = 48;
-
-QString textOf(const char* key) {
-  std::string text;
-  ignoringErrors([&] { text = gLanguage->TransMes(key); });
-  return qt::toQString(text);
-}
 
 }  // namespace
 

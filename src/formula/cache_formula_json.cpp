@@ -10,6 +10,8 @@
 #include <optional>
 #include <vector>
 
+#include "platform/text_rules.h"
+
 namespace kxc {
 
 namespace {
@@ -225,24 +227,6 @@ class Reader {
     return true;
   }
 
-  static void appendUtf8(std::string& out, uint32_t cp) {
-    if (cp < 0x80) {
-      out += static_cast<char>(cp);
-    } else if (cp < 0x800) {
-      out += static_cast<char>(0xC0 | (cp >> 6));
-      out += static_cast<char>(0x80 | (cp & 0x3F));
-    } else if (cp < 0x10000) {
-      out += static_cast<char>(0xE0 | (cp >> 12));
-      out += static_cast<char>(0x80 | ((cp >> 6) & 0x3F));
-      out += static_cast<char>(0x80 | (cp & 0x3F));
-    } else {
-      out += static_cast<char>(0xF0 | (cp >> 18));
-      out += static_cast<char>(0x80 | ((cp >> 12) & 0x3F));
-      out += static_cast<char>(0x80 | ((cp >> 6) & 0x3F));
-      out += static_cast<char>(0x80 | (cp & 0x3F));
-    }
-  }
-
   bool parseString(std::string& out) {
     ++pos_;  // the opening quote
     while (pos_ < text_.size()) {
@@ -301,7 +285,7 @@ class Reader {
             fail("unpaired surrogate");
             return false;
           }
-          appendUtf8(out, cp);
+          appendUtf8(out, static_cast<char32_t>(cp));
           break;
         }
         default:

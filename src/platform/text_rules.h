@@ -1,4 +1,4 @@
-// Text rules shared by every Part: the leading-number value, rounding halves to even, the
+// Text rules shared by the whole add-in: the leading-number value, rounding halves to even, the
 // wildcard pattern operator, Unicode upper-casing and character counting on UTF-8 text.
 #pragma once
 
@@ -24,6 +24,9 @@ bool likeMatch(std::string_view text, std::string_view pattern);
 
 // Unicode upper-casing of UTF-8 text (invalid bytes are kept as they are).
 std::string upperCase(std::string_view text);
+
+// Appends one code point as UTF-8.
+void appendUtf8(std::string& out, char32_t codePoint);
 
 // Number of characters (code points) in UTF-8 text.
 std::size_t charCount(std::string_view text);
