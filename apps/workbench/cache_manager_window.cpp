@@ -9,6 +9,7 @@
 #include <QProgressDialog>
 #include <QPushButton>
 #include <QTableWidget>
+#include <QLocale>
 #include <QVBoxLayout>
 
 #include "facade/tm_globals.h"
@@ -27,7 +28,8 @@ namespace {
 constexpr int kExclamation = 48;
 
 QTableWidgetItem* numberItem(int64_t value) {
-  auto* item = new QTableWidgetItem(QString::number(value));
+  // Grouped the way the user's locale writes counts ("200,000", "200.000").
+  auto* item = new QTableWidgetItem(QLocale().toString(static_cast<qlonglong>(value)));
   item->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
   return item;
 }

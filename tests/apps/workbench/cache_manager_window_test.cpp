@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QLocale>
+
 #include <QApplication>
 #include <QPushButton>
 #include <QTableWidget>
@@ -37,7 +39,7 @@ TEST_F(CacheManager, ListsTheSampleCachesWithTheirSizes) {
   EXPECT_EQ(table.item(0, 0)->text(), "Sales");
   EXPECT_EQ(table.item(0, 1)->text(), "6");
   EXPECT_EQ(table.item(0, 2)->text(), "3");
-  EXPECT_EQ(table.item(0, 3)->text(), "3000");
+  EXPECT_EQ(table.item(0, 3)->text(), QLocale().toString(3000));
   EXPECT_EQ(table.item(1, 0)->text(), "Budget");
   manager->close();
 }

@@ -2,6 +2,8 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractItemView>
+#include <QApplication>
+#include <QContextMenuEvent>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
@@ -99,6 +101,42 @@ TEST_F(AddInDialogs, LookupPicksMembersWithTheKeyboard) {
   processEvents();
   const std::string formula = app().cellFormula("Sample Report", "Sheet1", 5, 2);
   EXPECT_NE(formula.find(chosen), std::string::npos) << formula << " lacks " << chosen;
+}
+
+TEST_F(AddInDialogs, CellContextMenuOpensTheBuilderOnTheClickedFormula) {
+  auto& view = window().sheetView();
+  const QPoint at = cellCentre(6, 3);
+  QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, at);
+  processEvents();
+  QString seen;
+  QTimer::singleShot(100, [&] {
+    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    if (!menu) return;
+    QAction* formula = nullptr;
+    for (QAction* top : menu->actions()) {
+      seen += top->text().remove('&') + "|";
+      if (!top->menu()) continue;
+      for (QAction* item : top->menu()->actions()) {
+        if (item->text().remove(QChar(u'&')).contains("Formula")) formula = item;
+      }
+    }
+    if (formula) formula->trigger();
+    menu->close();
+  });
+  QContextMenuEvent event(QContextMenuEvent::Mouse, at, view.viewport()->mapToGlobal(at));
+  QApplication::sendEvent(view.viewport(), &event);
+  processEvents();
+  EXPECT_NE(seen.indexOf("Kestra"), -1) << seen.toStdString();
+  controls::Form& builder = frmCacheFormula().form();
+  ASSERT_TRUE(builder.visible());
+  auto* measure = widgetOf<QLineEdit>(builder, "txtMeasureIndex");
+  ASSERT_NE(measure, nullptr);
+  EXPECT_EQ(measure->text(), "1");
+  QTest::mouseClick(widgetOf<QPushButton>(builder, "cmdCancel"), Qt::LeftButton);
+  processEvents();
+  EXPECT_FALSE(builder.visible());
+  EXPECT_EQ(app().cellFormula("Sample Report", "Sheet1", 6, 3),
+            "=BV_KXCSUM($B$2,1,$A6,\"<ALL>\",\"<ALL>\",\"<ALL>\",C$4)");
 }
 
 TEST_F(AddInDialogs, DrillDownFromTheMenuFillsTheTransactionsGrid) {
