@@ -2,6 +2,7 @@
 
 #include <QContextMenuEvent>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QMenu>
 #include <QMouseEvent>
 #include <algorithm>
@@ -110,6 +111,16 @@ void SheetView::showApplicationSelection() {
 void SheetView::showEvent(QShowEvent* event) {
   QTableView::showEvent(event);
   if (currentIndex().isValid()) scrollTo(currentIndex());
+}
+
+void SheetView::keyPressEvent(QKeyEvent* event) {
+  if (event->key() != Qt::Key_Delete || event->modifiers() != Qt::NoModifier ||
+      state() == EditingState || !model_) {
+    QTableView::keyPressEvent(event);
+    return;
+  }
+  reportingErrors("Workbench Delete", [&] { app_->clearSelection(); });
+  if (afterCommand) afterCommand();
 }
 
 void SheetView::mouseDoubleClickEvent(QMouseEvent* event) {

@@ -44,6 +44,8 @@ class SheetView : public QTableView {
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
   void showEvent(QShowEvent* event) override;
+  // Delete empties the selected cells, as the spreadsheet's own Delete key does.
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   void pushSelection();

@@ -135,6 +135,13 @@ void InMemoryApplication::typeInto(const std::string& reference, const std::stri
   type(text);
 }
 
+void InMemoryApplication::clearSelection() {
+  const std::vector<Block> blocks = selectionBlocks(requireActiveSheet());
+  model_.enter(cellsOf(blocks), "");
+  changed();
+  raiseChange(blocks);
+}
+
 bool InMemoryApplication::doubleClick(const std::string& reference) {
   select(reference);
   std::shared_ptr<Sheet> sheet = activeSheet_;

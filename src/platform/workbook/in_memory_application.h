@@ -56,6 +56,9 @@ class InMemoryApplication : public host::Application,
   // Types into the active cell; raises SheetChange after storing and recalculating.
   void type(const std::string& text);
   void typeInto(const std::string& reference, const std::string& text);
+  // Empties every cell of the selection (the Delete key); raises one SheetChange whose target
+  // is the whole selection.
+  void clearSelection();
   // Selects the cell and raises SheetBeforeDoubleClick; returns the Cancel the sinks left.
   bool doubleClick(const std::string& reference);
   // Raises WorkbookAddinUninstall with a workbook of that name.

@@ -133,6 +133,21 @@ TEST_F(WorkbenchWindow, TypingInTheGridEntersTheCell) {
   EXPECT_EQ(app().displayText("Sheet1!D22"), "42");
 }
 
+TEST_F(WorkbenchWindow, DeleteEmptiesTheSelectedCellsAndTheTotalsFollow) {
+  const std::string total = app().displayText("Sheet1!F5");
+  auto& view = window().sheetView();
+  QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, cellCentre(5, 2));
+  QTest::mouseClick(view.viewport(), Qt::LeftButton, Qt::ShiftModifier, cellCentre(5, 3));
+  processEvents();
+  EXPECT_EQ(app().selectionAddress(), "$B$5:$C$5");
+  QTest::keyClick(&view, Qt::Key_Delete);
+  processEvents();
+  EXPECT_EQ(app().cellFormula("Sample Report", "Sheet1", 5, 2), "");
+  EXPECT_EQ(app().cellFormula("Sample Report", "Sheet1", 5, 3), "");
+  EXPECT_EQ(view.model()->index(4, 1).data().toString(), "");
+  EXPECT_NE(app().displayText("Sheet1!F5"), total);
+}
+
 TEST_F(WorkbenchWindow, DoubleClickEditsPlainCellsButOpensTheBuilderOnCacheFormulas) {
   auto& view = window().sheetView();
   QTest::mouseDClick(view.viewport(), Qt::LeftButton, {}, cellCentre(25, 1));

@@ -78,6 +78,19 @@ TEST_F(ApplicationEvents, TypingRaisesChangeAfterStoringAndRecalculating) {
   EXPECT_EQ(seenByHandler, "42");
 }
 
+TEST_F(ApplicationEvents, ClearingTheSelectionEmptiesItAndRaisesOneChangeForAllOfIt) {
+  app->setCell("A1", "5");
+  app->setCell("B2", "=A1*2");
+  app->setCell("C3", "keep");
+  app->select("A1:B2");
+  log.clear();
+  app->clearSelection();
+  EXPECT_EQ(log, (std::vector<std::string>{"1 change Sheet1 $A$1:$B$2 ", "2 change Sheet1 $A$1:$B$2 "}));
+  EXPECT_EQ(app->displayText("A1"), "");
+  EXPECT_EQ(app->displayText("B2"), "");
+  EXPECT_EQ(app->displayText("C3"), "keep");
+}
+
 TEST_F(ApplicationEvents, DoubleClickReturnsTheCancelASinkSets) {
   first->onDoubleClick = [](bool& cancel) { cancel = true; };
   EXPECT_TRUE(app->doubleClick("C3"));
