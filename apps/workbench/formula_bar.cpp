@@ -41,7 +41,11 @@ void FormulaBar::refresh() {
     host::RangeRef cell = app_->activeCell();
     if (cell) formula = cell->formula();
   });
-  if (!nameBox_->hasFocus()) nameBox_->setText(qt::toQString(address));
+  // A box the user is typing into keeps what was typed; otherwise it follows the selection.
+  if (!nameBox_->hasFocus() || !nameBox_->isModified()) {
+    nameBox_->setText(qt::toQString(address));
+    nameBox_->setModified(false);
+  }
   if (!formulaBox_->hasFocus() || !formulaBox_->isModified()) {
     formulaBox_->setText(qt::toQString(formula));
     formulaBox_->setModified(false);

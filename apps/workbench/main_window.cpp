@@ -88,6 +88,8 @@ MainWindow::MainWindow(WorkbenchSession& session, QWidget* parent)
   resize(1000, 640);
   retranslate();
   refreshNow();
+  // Keys go to the grid first, as in a spreadsheet: arrows move, typing enters the cell.
+  view_->setFocus();
 }
 
 MainWindow::~MainWindow() {

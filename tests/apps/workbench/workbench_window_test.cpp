@@ -56,6 +56,19 @@ TEST_F(WorkbenchWindow, OpensOnTheSheetsTopLeftCornerWithTheFirstFormulaSelected
   EXPECT_EQ(view.verticalScrollBar()->value(), 0);
   EXPECT_EQ(view.currentIndex().row(), 4);
   EXPECT_EQ(view.currentIndex().column(), 1);
+  EXPECT_EQ(window().focusWidget(), &view) << "keys must reach the grid first";
+}
+
+TEST_F(WorkbenchWindow, NameBoxFollowsTheSelectionUnlessSomethingIsTypedInIt) {
+  QLineEdit& box = window().formulaBar().nameBox();
+  box.setFocus();
+  app().select("Sheet1!C7");
+  window().refreshNow();
+  EXPECT_EQ(box.text(), "$C$7") << "focus alone must not freeze the box";
+  QTest::keyClicks(&box, "D");
+  app().select("Sheet1!C8");
+  window().refreshNow();
+  EXPECT_EQ(box.text(), "$C$7D");
 }
 
 TEST_F(WorkbenchWindow, NarrowColumnsStillShowTheirNumbers) {
