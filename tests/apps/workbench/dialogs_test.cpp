@@ -140,6 +140,7 @@ TEST_F(AddInDialogs, CellContextMenuOpensTheBuilderOnTheClickedFormula) {
 }
 
 TEST_F(AddInDialogs, DrillDownFromTheMenuFillsTheTransactionsGrid) {
+  const std::string formula = app().cellFormula("Sample Report", "Sheet1", 5, 2);
   app().select("Sheet1!$B$5:$C$6");
   window().refreshNow();
   QAction* drill = addInAction(*window().menuBar(), "Drill");
@@ -156,6 +157,7 @@ TEST_F(AddInDialogs, DrillDownFromTheMenuFillsTheTransactionsGrid) {
   QTest::mouseClick(close, Qt::LeftButton);
   processEvents();
   EXPECT_FALSE(transactions.visible());
+  EXPECT_EQ(app().cellFormula("Sample Report", "Sheet1", 5, 2), formula) << "drilling changes nothing";
 }
 
 }  // namespace
