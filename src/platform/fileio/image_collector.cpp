@@ -11,6 +11,7 @@
 
 #include "platform/fileio/formula_shift.h"
 #include "platform/fileio/odf_formula.h"
+#include "platform/fileio/xlsx_escapes.h"
 #include "platform/workbook/address_writer.h"
 #include "platform/workbook/grid.h"
 
@@ -74,35 +75,6 @@ std::pair<std::string, std::string_view> splitQualifier(std::string_view text, c
     name = std::string(sheet);
   }
   return {name, text.substr(at + 1)};
-}
-
-// xlsx texts write characters XML cannot hold as "_x0001_" (and a literal "_x" sequence as
-// "_x005F_x..."); the import library hands them over as written.
-std::string decodeEscapes(std::string_view text) {
-  if (text.find("_x") == std::string_view::npos) return std::string(text);
-  std::string out;
-  out.reserve(text.size());
-  for (size_t i = 0; i < text.size();) {
-    unsigned code = 0;
-    if (text.substr(i, 2) == "_x" && i + 7 <= text.size() && text[i + 6] == '_' &&
-        std::from_chars(text.data() + i + 2, text.data() + i + 6, code, 16).ptr ==
-            text.data() + i + 6) {
-      if (code < 0x80) {
-        out += static_cast<char>(code);
-      } else if (code < 0x800) {
-        out += static_cast<char>(0xC0 | (code >> 6));
-        out += static_cast<char>(0x80 | (code & 0x3F));
-      } else {
-        out += static_cast<char>(0xE0 | (code >> 12));
-        out += static_cast<char>(0x80 | ((code >> 6) & 0x3F));
-        out += static_cast<char>(0x80 | (code & 0x3F));
-      }
-      i += 7;
-    } else {
-      out += text[i++];
-    }
-  }
-  return out;
 }
 
 }  // namespace
@@ -384,7 +356,8 @@ class ImageCollector::SheetSink : public iface::import_sheet {
   void set_string(ss::row_t row, ss::col_t column, ss::string_id_t index) override {
     const std::string* text = owner_.strings().at(index);
     if (!text) return owner_.note(where(row, column) + ": text missing from the file");
-    put(row, column, "'" + (owner_.syntax() == FormulaSyntax::A1 ? decodeEscapes(*text) : *text));
+    put(row, column,
+        "'" + (owner_.syntax() == FormulaSyntax::A1 ? decodeXlsxEscapes(*text) : *text));
   }
   void set_value(ss::row_t row, ss::col_t column, double value) override {
     put(row, column, numberEntry(nearestShortDecimal(value)));

@@ -8,6 +8,7 @@
 
 #include "platform/fileio/image_collector.h"
 #include "platform/fileio/ods_supplement.h"
+#include "platform/fileio/xlsx_supplement.h"
 
 namespace kxc::fileio {
 
@@ -40,6 +41,8 @@ SpreadsheetReadResult readSpreadsheet(std::string_view bytes, std::size_t cellLi
     if (format == SpreadsheetFormat::Xlsx) {
       orcus::orcus_xlsx reader(&collector);
       reader.read_stream(bytes);
+      applyXlsxSupplement(readXlsxSupplement(bytes), collector.image(),
+                          [&] { collector.countCell(); });
     } else {
       orcus::orcus_ods reader(&collector);
       reader.read_stream(bytes);

@@ -1,0 +1,305 @@
+#include "platform/fileio/xlsx_supplement.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+#include <string>
+#include <vector>
+
+#include "platform/fileio/spreadsheet_reader.h"
+#include "platform/fileio/workbook_loader.h"
+#include "temp_folder.h"
+#include "workbook_compare.h"
+#include "zip_builder.h"
+
+namespace kxc::fileio {
+namespace {
+
+using testing::appWithCacheFunction;
+using testing::TempFolder;
+using testing::writeFile;
+using testing::xlsxFile;
+using testing::ZipBuilder;
+
+const std::string kMain = "http://schemas.openxmlformats.org/spreadsheetml/2006/main";
+const std::string kRel = "http://schemas.openxmlformats.org/officeDocument/2006/relationships";
+
+struct SheetPart {
+  std::string name;     // as listed in the workbook part, in this order
+  std::string part;     // where it lies in the archive
+  std::string target;   // how the workbook's relationships point at it
+  std::string content;  // the whole part, or the content of <sheetData> when it has no "<?xml"
+};
+
+// A package whose sheets are listed in the given order, each pointed at however the case needs.
+std::string xlsxPackage(const std::vector<SheetPart>& sheets) {
+  std::string types =
+      "<?xml version=\"1.0\"?><Types "
+      "xmlns=\"http://schemas.openxmlformats.org/package/2006/content-types\">"
+      "<Default Extension=\"rels\" "
+      "ContentType=\"application/vnd.openxmlformats-package.relationships+xml\"/>"
+      "<Default Extension=\"xml\" ContentType=\"application/xml\"/>"
+      "<Override PartName=\"/xl/workbook.xml\" ContentType=\"application/"
+      "vnd.openxmlformats-officedocument.spreadsheetml.sheet.main+xml\"/>";
+  std::string workbook =
+      "<?xml version=\"1.0\"?><workbook xmlns=\"" + kMain + "\" xmlns:r=\"" + kRel + "\"><sheets>";
+  std::string rels =
+      "<?xml version=\"1.0\"?><Relationships "
+      "xmlns=\"http://schemas.openxmlformats.org/package/2006/relationships\">";
+  ZipBuilder zip;
+  for (size_t i = 0; i < sheets.size(); ++i) {
+    std::string id = "rId" + std::to_string(i + 7);
+    types += "<Override PartName=\"/" + sheets[i].part +
+             "\" ContentType=\"application/"
+             "vnd.openxmlformats-officedocument.spreadsheetml.worksheet+xml\"/>";
+    workbook += "<sheet name=\"" + sheets[i].name + "\" sheetId=\"" + std::to_string(i + 1) +
+                "\" r:id=\"" + id + "\"/>";
+    rels += "<Relationship Id=\"" + id + "\" Type=\"" + kRel + "/worksheet\" Target=\"" +
+            sheets[i].target + "\"/>";
+  }
+  zip.add("[Content_Types].xml", types + "</Types>")
+      .add("_rels/.rels",
+           "<?xml version=\"1.0\"?><Relationships "
+           "xmlns=\"http://schemas.openxmlformats.org/package/2006/relationships\">"
+           "<Relationship Id=\"rId1\" Type=\"" +
+               kRel + "/officeDocument\" Target=\"xl/workbook.xml\"/></Relationships>")
+      .add("xl/workbook.xml", workbook + "</sheets></workbook>")
+      .add("xl/_rels/workbook.xml.rels", rels + "</Relationships>");
+  for (const SheetPart& s : sheets) {
+    bool whole = s.content.rfind("<?xml", 0) == 0;
+    zip.add(s.part, whole ? s.content
+                          : "<?xml version=\"1.0\"?><worksheet xmlns=\"" + kMain +
+                                "\"><sheetData>" + s.content + "</sheetData></worksheet>");
+  }
+  return zip.bytes();
+}
+
+std::string inlineCell(const std::string& ref, const std::string& is) {
+  return "<c r=\"" + ref + "\" t=\"inlineStr\"><is>" + is + "</is></c>";
+}
+
+class XlsxSupplementLoad : public ::testing::Test {
+ protected:
+  LoadResult load(const std::string& bytes) {
+    std::string path = folder.file("Other.xlsx");
+    writeFile(path, bytes);
+    return loadWorkbook(*app, path);
+  }
+  Variant value(const char* sheet, int row, int column) {
+    return app->cellValue("Other.xlsx", sheet, row, column);
+  }
+  std::string text(const std::string& address) { return app->displayText(address); }
+
+  std::shared_ptr<workbook::InMemoryApplication> app = appWithCacheFunction();
+  TempFolder folder;
+};
+
+TEST_F(XlsxSupplementLoad, InlineStringsBecomeTextsAsWritten) {
+  struct Case {
+    const char* is;
+    std::string expected;
+  } cases[] = {
+      {"<t>North</t>", "North"},
+      {"<r><rPr><b/></rPr><t>Nor</t></r><r><t>th</t></r>", "North"},
+      {"<t>R&amp;D &lt;1&gt; &quot;q&quot; &#65;</t>", "R&D <1> \"q\" A"},
+      {"<t xml:space=\"preserve\">  two words </t>", "  two words "},
+      {"<r><t xml:space=\"preserve\">a </t></r><r><t>b</t></r>", "a b"},
+      {"<t>Zürich – 東京</t>", "Zürich – 東京"},
+      {"<t>123</t>", "123"},  // stays a text
+      {"<t>=1+1</t>", "=1+1"},
+      {"<t>#N/A</t>", "#N/A"},
+      {"<t>line_x000A_two</t>", "line\ntwo"},
+      {"<t>東京</t><rPh sb=\"0\" eb=\"2\"><t>トウキョウ</t></rPh><phoneticPr fontId=\"1\"/>",
+       "東京"},
+  };
+  std::string rows;
+  for (size_t i = 0; i < std::size(cases); ++i) {
+    std::string row = std::to_string(i + 1);
+    rows += "<row r=\"" + row + "\">" + inlineCell("B" + row, cases[i].is) + "</row>";
+  }
+  LoadResult result = load(xlsxFile({{"Data", rows}}));
+  ASSERT_TRUE(result.ok()) << result.problem->message;
+  EXPECT_TRUE(result.notes.empty());
+  for (size_t i = 0; i < std::size(cases); ++i) {
+    EXPECT_EQ(value("Data", static_cast<int>(i + 1), 2), Variant(cases[i].expected)) << cases[i].is;
+  }
+}
+
+TEST_F(XlsxSupplementLoad, ErrorConstantsBecomeErrorValues) {
+  struct Case {
+    const char* text;
+    CellError error;
+  } cases[] = {{"#N/A", cellerr::kNA},       {"#DIV/0!", cellerr::kDiv0},
+               {"#VALUE!", cellerr::kValue}, {"#REF!", cellerr::kRef},
+               {"#NAME?", cellerr::kName},   {"#NUM!", cellerr::kNum},
+               {"#NULL!", cellerr::kNull},   {" #N/A ", cellerr::kNA}};
+  std::string rows;
+  for (size_t i = 0; i < std::size(cases); ++i) {
+    std::string row = std::to_string(i + 1);
+    rows += "<row r=\"" + row + "\"><c r=\"A" + row + "\" t=\"e\"><v>" + cases[i].text +
+            "</v></c><c r=\"B" + row + "\"><f>A" + row + "</f></c></row>";
+  }
+  LoadResult result = load(xlsxFile({{"Data", rows}}));
+  ASSERT_TRUE(result.ok()) << result.problem->message;
+  EXPECT_TRUE(result.notes.empty());
+  for (size_t i = 0; i < std::size(cases); ++i) {
+    int row = static_cast<int>(i + 1);
+    EXPECT_EQ(value("Data", row, 1), Variant(cases[i].error)) << cases[i].text;
+    EXPECT_EQ(value("Data", row, 2), Variant(cases[i].error)) << "a formula sees " << cases[i].text;
+  }
+}
+
+TEST_F(XlsxSupplementLoad, FormulaCellsKeepTheirFormulaWhateverTheirCachedResult) {
+  LoadResult result = load(xlsxFile({{"Data", R"(<row r="1">
+    <c r="A1" t="e"><f>1/0</f><v>#DIV/0!</v></c>
+    <c r="B1" t="str"><f>"x"&amp;"y"</f><v>stale</v></c>
+    <c r="C1" t="inlineStr"><f>2+3</f><is><t>stale</t></is></c></row>)"}}));
+  ASSERT_TRUE(result.ok()) << result.problem->message;
+  EXPECT_EQ(app->cellFormula("Other.xlsx", "Data", 1, 1), "=1/0");
+  EXPECT_EQ(value("Data", 1, 2), Variant("xy"));
+  EXPECT_EQ(value("Data", 1, 3), Variant(5.0));
+}
+
+TEST_F(XlsxSupplementLoad, AnErrorTheWorkbookCannotHoldIsKeptAsATextWithANote) {
+  LoadResult result = load(xlsxFile(
+      {{"Data",
+        R"(<row r="2"><c r="C2" t="e"><v>#SPILL!</v></c><c r="D2" t="e"><v/></c></row>)"}}));
+  ASSERT_TRUE(result.ok()) << result.problem->message;
+  EXPECT_EQ(value("Data", 2, 3), Variant("#SPILL!"));
+  EXPECT_EQ(app->cellFormula("Other.xlsx", "Data", 2, 4), "");
+  EXPECT_EQ(result.notes, std::vector<std::string>{"Data!C2: error value #SPILL! kept as a text"});
+}
+
+TEST_F(XlsxSupplementLoad, CellsWithoutAddressFollowThePreviousOne) {
+  LoadResult result = load(xlsxFile({{"Data", R"(
+<row r="4"><c t="inlineStr"><is><t>a4</t></is></c><c t="e"><v>#REF!</v></c><c r="D4"><v>1</v></c>
+  <c t="inlineStr"><is><t>e4</t></is></c></row>
+<row><c r="B5" t="inlineStr"><is><t>b5</t></is></c><c t="inlineStr"><is><t>c5</t></is></c></row>
+<row><c t="inlineStr"><is><t>a6</t></is></c></row>)"}}));
+  ASSERT_TRUE(result.ok()) << result.problem->message;
+  struct Expected {
+    const char* address;
+    const char* text;
+  } expected[] = {{"A4", "a4"}, {"B4", "#REF!"}, {"D4", "1"},  {"E4", "e4"},
+                  {"B5", "b5"}, {"C5", "c5"},    {"A6", "a6"}, {"A5", ""}};
+  for (const Expected& e : expected) {
+    EXPECT_EQ(text(std::string("Data!") + e.address), e.text) << e.address;
+  }
+}
+
+TEST_F(XlsxSupplementLoad, WhatTheImportReadIsNeverOverwritten) {
+  LoadResult result = load(xlsxFile({{"Data", R"(<row r="1"><c r="A1"><v>5</v></c>
+    <c r="A1" t="inlineStr"><is><t>late</t></is></c><c r="B1" t="s"><v>0</v></c>
+    <c r="B1" t="e"><v>#N/A</v></c></row>)"}},
+                                    {"North"}));
+  ASSERT_TRUE(result.ok()) << result.problem->message;
+  EXPECT_EQ(value("Data", 1, 1), Variant(5.0));
+  EXPECT_EQ(value("Data", 1, 2), Variant("North"));
+}
+
+TEST_F(XlsxSupplementLoad, SheetsAreFoundThroughTheWorkbookRelationships) {
+  LoadResult result = load(xlsxPackage({
+      {"Second", "xl/worksheets/sheet2.xml", "/xl/worksheets/sheet2.xml",
+       "<row r=\"1\">" + inlineCell("A1", "<t>in two</t>") + "</row>"},
+      {"First", "xl/worksheets/sheet1.xml", "worksheets/sheet1.xml",
+       "<row r=\"1\">" + inlineCell("A1", "<t>in one</t>") + "</row>"},
+      {"Third", "xl/sheets/third.xml", "./sheets/../sheets/third.xml",
+       R"(<row r="1"><c r="A1" t="e"><v>#NUM!</v></c></row>)"},
+  }));
+  ASSERT_TRUE(result.ok()) << result.problem->message;
+  EXPECT_EQ(app->sheetNames("Other.xlsx"), (std::vector<std::string>{"Second", "First", "Third"}));
+  EXPECT_EQ(text("Second!A1"), "in two");
+  EXPECT_EQ(text("First!A1"), "in one");
+  EXPECT_EQ(text("Third!A1"), "#NUM!");
+}
+
+TEST_F(XlsxSupplementLoad, CellsOutsideTheGridAreLeftOutWithOneNote) {
+  LoadResult result = load(xlsxFile({{"Data", R"(<row r="1">
+    <c r="A1" t="inlineStr"><is><t>kept</t></is></c>
+    <c t="inlineStr"><is><t>next</t></is></c></row>
+<row r="1048577"><c t="e"><v>#N/A</v></c><c t="inlineStr"><is><t>x</t></is></c></row>)"}}));
+  ASSERT_TRUE(result.ok()) << result.problem->message;
+  EXPECT_EQ(text("Data!A1"), "kept");
+  EXPECT_EQ(text("Data!B1"), "next");
+  EXPECT_EQ(result.notes,
+            std::vector<std::string>{"Data!R1048577C1: cells outside the grid left out"});
+}
+
+TEST_F(XlsxSupplementLoad, InlineCellsCountTowardsTheCellLimit) {
+  std::string bytes = xlsxFile({{"Data", R"(<row r="1"><c r="A1"><v>1</v></c>
+    <c r="B1" t="inlineStr"><is><t>b</t></is></c><c r="C1" t="e"><v>#N/A</v></c></row>)"}});
+  EXPECT_TRUE(readSpreadsheet(bytes, 3).image);
+  SpreadsheetReadResult refused = readSpreadsheet(bytes, 2);
+  EXPECT_FALSE(refused.image);
+  EXPECT_EQ(refused.failure, "it holds more than 2 cells, too many to open");
+}
+
+// The supplement alone, for damage the import itself may let through.
+TEST(XlsxSupplementRead, DamageLosesOnlyWhatItTouchesAndIsNoted) {
+  std::string good = "<row r=\"1\">" + inlineCell("A1", "<t>fine</t>") + "</row>";
+  XlsxSupplement damagedSheet = readXlsxSupplement(xlsxPackage({
+      {"Good", "xl/worksheets/sheet1.xml", "worksheets/sheet1.xml", good},
+      {"Bad", "xl/worksheets/sheet2.xml", "worksheets/sheet2.xml",
+       "<row r=\"1\">" + inlineCell("A1", "<t>lost</t>") + "<c r=\"B1\" <broken"},
+      {"Missing", "xl/worksheets/sheet3.xml", "worksheets/nowhere.xml", good},
+  }));
+  ASSERT_EQ(damagedSheet.values.size(), 1u);
+  EXPECT_EQ(damagedSheet.values[0].sheet, "Good");
+  EXPECT_EQ(damagedSheet.values[0].entry, "'fine");
+  ASSERT_EQ(damagedSheet.notes.size(), 2u);
+  EXPECT_EQ(damagedSheet.notes[0].rfind("Bad: inline texts and error values left out (", 0), 0u)
+      << damagedSheet.notes[0];
+  EXPECT_EQ(damagedSheet.notes[1].rfind("Missing: inline texts and error values left out (", 0), 0u)
+      << damagedSheet.notes[1];
+
+  for (std::string bytes : {std::string("not a zip"), ZipBuilder().add("a.txt", "x").bytes(),
+                            ZipBuilder().add("xl/workbook.xml", "<workbook><sheets").bytes()}) {
+    XlsxSupplement none = readXlsxSupplement(bytes);
+    EXPECT_TRUE(none.values.empty());
+    ASSERT_EQ(none.notes.size(), 1u);
+    EXPECT_EQ(none.notes[0].rfind("inline texts and error values left out (", 0), 0u)
+        << none.notes[0];
+  }
+}
+
+// Mutated copies of a file full of inline texts and errors must load or be refused cleanly.
+TEST_F(XlsxSupplementLoad, MutatedFilesNeverBreakTheLoader) {
+  std::string sample = xlsxPackage({
+      {"Second", "xl/worksheets/sheet2.xml", "/xl/worksheets/sheet2.xml",
+       R"(<row r="1"><c r="A1" t="inlineStr"><is><r><t>a&amp;</t></r><r><t xml:space="preserve"> b</t></r></is></c>
+<c t="e"><v>#DIV/0!</v></c></row><row><c t="inlineStr"><is><t>Zürich</t></is></c></row>)"},
+      {"First", "xl/worksheets/sheet1.xml", "worksheets/sheet1.xml",
+       R"(<row r="3"><c r="B3" t="e"><v>#NAME?</v></c><c r="C3"><f>B3</f></c></row>)"},
+  });
+  std::mt19937 random(20240611);
+  std::string path = folder.file("mutated.xlsx");
+  for (int round = 0; round < 200; ++round) {
+    std::string bytes = sample;
+    int changes = 1 + static_cast<int>(random() % 6);
+    for (int i = 0; i < changes; ++i) {
+      size_t at = random() % bytes.size();
+      switch (random() % 3) {
+        case 0:
+          bytes[at] = static_cast<char>(random());
+          break;
+        case 1:
+          bytes.erase(at, 1 + random() % 16);
+          break;
+        default:
+          bytes.insert(at, std::string(1 + random() % 4, static_cast<char>(random())));
+      }
+      if (bytes.empty()) bytes = "x";
+    }
+    writeFile(path, bytes);
+    auto fresh = appWithCacheFunction();
+    LoadResult result = loadWorkbook(*fresh, path);
+    if (result.ok()) {
+      EXPECT_EQ(fresh->workbookNames(), std::vector<std::string>{"mutated.xlsx"});
+    } else {
+      EXPECT_TRUE(fresh->workbookNames().empty()) << result.problem->message;
+    }
+  }
+}
+
+}  // namespace
+}  // namespace kxc::fileio
