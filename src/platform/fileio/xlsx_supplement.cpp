@@ -360,8 +360,14 @@ XlsxSupplement readXlsxSupplement(std::string_view bytes) {
       size_t kept = out.values.size();
       size_t keptNotes = out.notes.size();
       try {
+        std::optional<std::string> xml = archive.read(part);
+        if (!xml) {
+          // The import shows such a sheet empty without a word.
+          out.notes.push_back(name + ": its content is missing from the file");
+          continue;
+        }
         SheetWalker walker(name, out);
-        parseXml(archive.mustRead(part), walker);
+        parseXml(*xml, walker);
       } catch (const std::bad_alloc&) {
         throw;
       } catch (const std::exception& e) {

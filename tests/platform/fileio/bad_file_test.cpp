@@ -141,12 +141,15 @@ TEST_F(BadFile, MutatedFilesNeverBreakTheLoader) {
               "<table:table table:name=\"O'Neil\"/><table:named-expressions>"
               "<table:named-range table:name=\"R\" table:base-cell-address=\"$Sheet1.$A$1\" "
               "table:cell-range-address=\"$Sheet1.$A$1:.$B$2\"/></table:named-expressions>"),
+      testing::xlsxFile({{"Made", R"(<row r="1"><c r="A1" t="inlineStr"><is><r><t>a&amp;</t></r>
+<r><t xml:space="preserve"> b</t></r></is></c><c t="e"><v>#DIV/0!</v></c></row>
+<row><c t="inlineStr"><is><t>Zürich</t></is></c><c r="C2"><f>B1</f></c></row>)"}}),
   };
   std::mt19937 random(20240601);
   std::string path = folder.file("mutated.xlsx");
   int loaded = 0;
-  for (int round = 0; round < 300; ++round) {
-    std::string bytes = samples[round % 2];
+  for (int round = 0; round < 450; ++round) {
+    std::string bytes = samples[round % std::size(samples)];
     int changes = 1 + static_cast<int>(random() % 8);
     for (int i = 0; i < changes; ++i) {
       size_t at = random() % bytes.size();

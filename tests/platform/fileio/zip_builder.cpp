@@ -165,6 +165,50 @@ std::string xlsxFile(const std::vector<std::pair<std::string, std::string>>& she
   return zip.bytes();
 }
 
+std::string xlsxPackage(const std::vector<XlsxSheetPart>& sheets) {
+  const std::string main = "http://schemas.openxmlformats.org/spreadsheetml/2006/main";
+  const std::string rel = "http://schemas.openxmlformats.org/officeDocument/2006/relationships";
+  std::string types =
+      "<?xml version=\"1.0\"?><Types "
+      "xmlns=\"http://schemas.openxmlformats.org/package/2006/content-types\">"
+      "<Default Extension=\"rels\" "
+      "ContentType=\"application/vnd.openxmlformats-package.relationships+xml\"/>"
+      "<Default Extension=\"xml\" ContentType=\"application/xml\"/>"
+      "<Override PartName=\"/xl/workbook.xml\" ContentType=\"application/"
+      "vnd.openxmlformats-officedocument.spreadsheetml.sheet.main+xml\"/>";
+  std::string workbook =
+      "<?xml version=\"1.0\"?><workbook xmlns=\"" + main + "\" xmlns:r=\"" + rel + "\"><sheets>";
+  std::string rels =
+      "<?xml version=\"1.0\"?><Relationships "
+      "xmlns=\"http://schemas.openxmlformats.org/package/2006/relationships\">";
+  ZipBuilder zip;
+  for (size_t i = 0; i < sheets.size(); ++i) {
+    std::string id = "rId" + std::to_string(i + 7);
+    types += "<Override PartName=\"/" + sheets[i].part +
+             "\" ContentType=\"application/"
+             "vnd.openxmlformats-officedocument.spreadsheetml.worksheet+xml\"/>";
+    workbook += "<sheet name=\"" + sheets[i].name + "\" sheetId=\"" + std::to_string(i + 1) +
+                "\" r:id=\"" + id + "\"/>";
+    rels += "<Relationship Id=\"" + id + "\" Type=\"" + rel + "/worksheet\" Target=\"" +
+            sheets[i].target + "\"/>";
+  }
+  zip.add("[Content_Types].xml", types + "</Types>")
+      .add("_rels/.rels",
+           "<?xml version=\"1.0\"?><Relationships "
+           "xmlns=\"http://schemas.openxmlformats.org/package/2006/relationships\">"
+           "<Relationship Id=\"rId1\" Type=\"" +
+               rel + "/officeDocument\" Target=\"xl/workbook.xml\"/></Relationships>")
+      .add("xl/workbook.xml", workbook + "</sheets></workbook>")
+      .add("xl/_rels/workbook.xml.rels", rels + "</Relationships>");
+  for (const XlsxSheetPart& s : sheets) {
+    bool whole = s.content.rfind("<?xml", 0) == 0;
+    zip.add(s.part, whole ? s.content
+                          : "<?xml version=\"1.0\"?><worksheet xmlns=\"" + main + "\"><sheetData>" +
+                                s.content + "</sheetData></worksheet>");
+  }
+  return zip.bytes();
+}
+
 void writeFile(const std::string& path, std::string_view bytes) {
   std::ofstream out(path, std::ios::binary | std::ios::trunc);
   out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));

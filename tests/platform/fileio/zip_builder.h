@@ -33,6 +33,17 @@ std::string xlsxFile(const std::vector<std::pair<std::string, std::string>>& she
                      const std::vector<std::string>& sharedStrings = {},
                      std::string_view definedNames = "");
 
+struct XlsxSheetPart {
+  std::string name;     // as listed in the workbook part, in this order
+  std::string part;     // where it lies in the archive
+  std::string target;   // how the workbook's relationships point at it
+  std::string content;  // the whole part, or the content of <sheetData> when it has no "<?xml"
+};
+
+// An .xlsx file whose sheets are listed in the given order, each part where `part` says and
+// pointed at by `target` (relative or absolute), for files laid out as other programs do.
+std::string xlsxPackage(const std::vector<XlsxSheetPart>& sheets);
+
 // Writes bytes to a file; fails the test when it cannot.
 void writeFile(const std::string& path, std::string_view bytes);
 std::string readFile(const std::string& path);
