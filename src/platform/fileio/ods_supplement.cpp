@@ -242,12 +242,13 @@ OdsSupplement readOdsSupplement(std::string_view bytes) {
   if (!archive.read_file_entry("content.xml", content)) {
     throw std::runtime_error("content.xml cannot be read");
   }
+  content.push_back('\0');  // the XML parser looks one character past truncated content
   OdsSupplement out;
   ContentWalker walker(out);
   orcus::xmlns_repository namespaces;
   orcus::xmlns_context context = namespaces.create_context();
   orcus::sax_ns_parser<ContentWalker> parser(reinterpret_cast<const char*>(content.data()),
-                                             content.size(), context, walker);
+                                             content.size() - 1, context, walker);
   parser.parse();
   return out;
 }

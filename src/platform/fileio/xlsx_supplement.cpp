@@ -57,7 +57,7 @@ class Walker {
 };
 
 template <typename Handler>
-void parseXml(const std::string& xml, Handler& handler) {
+void parseXml(std::string_view xml, Handler& handler) {
   orcus::xmlns_repository namespaces;
   orcus::xmlns_context context = namespaces.create_context();
   orcus::sax_ns_parser<Handler> parser(xml.data(), xml.size(), context, handler);
@@ -151,6 +151,18 @@ bool endsWith(std::string_view text, std::string_view tail) {
   return text.size() >= tail.size() && text.substr(text.size() - tail.size()) == tail;
 }
 
+// The XML parser looks one character past the end of truncated content, so every part read
+// ends in a '\0' that is not part of its text.
+std::string_view asText(const std::vector<unsigned char>& bytes) {
+  return {reinterpret_cast<const char*>(bytes.data()), bytes.empty() ? 0 : bytes.size() - 1};
+}
+
+// Every error constant has a "#" in it, and so does any character reference; a part with
+// neither that nor "inlineStr" has nothing to add and need not be parsed again.
+bool mayHoldSupplement(std::string_view xml) {
+  return xml.find('#') != std::string_view::npos || xml.find("inlineStr") != std::string_view::npos;
+}
+
 class Archive {
  public:
   explicit Archive(std::string_view bytes)
@@ -158,12 +170,15 @@ class Archive {
     zip_.load();
   }
 
-  std::optional<std::string> read(const std::string& part) const {
+  // The part's bytes, nullopt when the archive has no such entry. Sheet parts can be large,
+  // so they are parsed where they were unpacked.
+  std::optional<std::vector<unsigned char>> read(const std::string& part) const {
     std::vector<unsigned char> content;
     if (!zip_.read_file_entry(part, content)) return std::nullopt;
-    return std::string(content.begin(), content.end());
+    content.push_back('\0');
+    return content;
   }
-  std::string mustRead(const std::string& part) const {
+  std::vector<unsigned char> mustRead(const std::string& part) const {
     auto content = read(part);
     if (!content) throw std::runtime_error(part + " cannot be read");
     return std::move(*content);
@@ -178,7 +193,7 @@ class Archive {
 std::string workbookPart(const Archive& archive) {
   if (auto rels = archive.read("_rels/.rels")) {
     RelationshipsWalker walker;
-    parseXml(*rels, walker);
+    parseXml(asText(*rels), walker);
     for (const Relationship& r : walker.found) {
       if (!r.external && endsWith(r.type, "/officeDocument")) return resolveTarget("", r.target);
     }
@@ -236,6 +251,7 @@ class SheetWalker : public Walker {
         inValue_ = true;
       } else if (name == "is") {
         ++isDepth_;
+        hasInline_ = true;
       } else if (isDepth_ > 0 && name == "rPh") {
         ++phoneticDepth_;  // a reading aid shown above the text, not part of it
       } else if (isDepth_ > 0 && phoneticDepth_ == 0 && name == "t") {
@@ -281,7 +297,7 @@ class SheetWalker : public Walker {
     }
     type_ = attr("t").value_or("n");
     inCell_ = true;
-    hasFormula_ = inValue_ = inText_ = false;
+    hasFormula_ = hasInline_ = inValue_ = inText_ = false;
     isDepth_ = phoneticDepth_ = 0;
     text_.clear();
     value_.clear();
@@ -290,7 +306,7 @@ class SheetWalker : public Walker {
   void endCell() {
     inCell_ = false;
     if (hasFormula_) return;  // the import reads formula cells, their results are not wanted
-    if (type_ == "inlineStr") {
+    if (type_ == "inlineStr" && hasInline_) {
       add("'" + decodeXlsxEscapes(text_));
     } else if (type_ == "e") {
       std::string_view error = value_;
@@ -321,6 +337,7 @@ class SheetWalker : public Walker {
   bool inRow_ = false;
   bool inCell_ = false;
   bool hasFormula_ = false;
+  bool hasInline_ = false;
   bool inValue_ = false;
   bool inText_ = false;
   int isDepth_ = 0;
@@ -346,9 +363,9 @@ XlsxSupplement readXlsxSupplement(std::string_view bytes) {
     Archive archive(bytes);
     std::string workbook = workbookPart(archive);
     WorkbookWalker sheets;
-    parseXml(archive.mustRead(workbook), sheets);
+    parseXml(asText(archive.mustRead(workbook)), sheets);
     RelationshipsWalker rels;
-    if (auto text = archive.read(relationshipsPartOf(workbook))) parseXml(*text, rels);
+    if (auto text = archive.read(relationshipsPartOf(workbook))) parseXml(asText(*text), rels);
     for (const SheetEntry& sheet : sheets.sheets) {
       std::string part;
       for (const Relationship& r : rels.found) {
@@ -360,14 +377,15 @@ XlsxSupplement readXlsxSupplement(std::string_view bytes) {
       size_t kept = out.values.size();
       size_t keptNotes = out.notes.size();
       try {
-        std::optional<std::string> xml = archive.read(part);
+        auto xml = archive.read(part);
         if (!xml) {
           // The import shows such a sheet empty without a word.
           out.notes.push_back(name + ": its content is missing from the file");
           continue;
         }
+        if (!mayHoldSupplement(asText(*xml))) continue;
         SheetWalker walker(name, out);
-        parseXml(*xml, walker);
+        parseXml(asText(*xml), walker);
       } catch (const std::bad_alloc&) {
         throw;
       } catch (const std::exception& e) {

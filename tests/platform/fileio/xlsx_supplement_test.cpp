@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <random>
 #include <string>
 #include <vector>
 
@@ -107,13 +108,17 @@ TEST_F(XlsxSupplementLoad, FormulaCellsKeepTheirFormulaWhateverTheirCachedResult
   EXPECT_EQ(value("Data", 1, 3), Variant(5.0));
 }
 
-TEST_F(XlsxSupplementLoad, AnErrorTheWorkbookCannotHoldIsKeptAsATextWithANote) {
-  LoadResult result = load(xlsxFile(
-      {{"Data",
-        R"(<row r="2"><c r="C2" t="e"><v>#SPILL!</v></c><c r="D2" t="e"><v/></c></row>)"}}));
+TEST_F(XlsxSupplementLoad, UnknownErrorsStayTextsAndCellsWithoutContentStayEmpty) {
+  LoadResult result = load(xlsxFile({{"Data", R"(<row r="2"><c r="C2" t="e"><v>#SPILL!</v></c>
+    <c r="D2" t="e"><v/></c><c r="E2" t="inlineStr"/><c r="F2" t="e"/></row>)"}}));
   ASSERT_TRUE(result.ok()) << result.problem->message;
   EXPECT_EQ(value("Data", 2, 3), Variant("#SPILL!"));
-  EXPECT_EQ(app->cellFormula("Other.xlsx", "Data", 2, 4), "");
+  for (int column : {4, 5, 6}) {
+    EXPECT_TRUE(
+        app->model().findWorkbook("Other.xlsx")->findSheet("Data")->cells().find(2, column) ==
+        nullptr)
+        << column;
+  }
   EXPECT_EQ(result.notes, std::vector<std::string>{"Data!C2: error value #SPILL! kept as a text"});
 }
 
@@ -207,15 +212,20 @@ TEST(XlsxSupplementRead, DamageLosesOnlyWhatItTouchesAndIsNoted) {
       {"Good", "xl/worksheets/sheet1.xml", "worksheets/sheet1.xml", good},
       {"Bad", "xl/worksheets/sheet2.xml", "worksheets/sheet2.xml",
        "<row r=\"1\">" + inlineCell("A1", "<t>lost</t>") + "<c r=\"B1\" <broken"},
+      {"Cut", "xl/worksheets/sheet4.xml", "worksheets/sheet4.xml",
+       "<?xml version=\"1.0\"?><worksheet><sheetData><row r=\"1\">" +
+           inlineCell("A1", "<t>lost</t>") + "<c r=\"B1"},
       {"Missing", "xl/worksheets/sheet3.xml", "worksheets/nowhere.xml", good},
   }));
   ASSERT_EQ(damagedSheet.values.size(), 1u);
   EXPECT_EQ(damagedSheet.values[0].sheet, "Good");
   EXPECT_EQ(damagedSheet.values[0].entry, "'fine");
-  ASSERT_EQ(damagedSheet.notes.size(), 2u);
+  ASSERT_EQ(damagedSheet.notes.size(), 3u);
   EXPECT_EQ(damagedSheet.notes[0].rfind("Bad: inline texts and error values left out (", 0), 0u)
       << damagedSheet.notes[0];
-  EXPECT_EQ(damagedSheet.notes[1], "Missing: its content is missing from the file");
+  EXPECT_EQ(damagedSheet.notes[1].rfind("Cut: inline texts and error values left out (", 0), 0u)
+      << damagedSheet.notes[1];
+  EXPECT_EQ(damagedSheet.notes[2], "Missing: its content is missing from the file");
 
   for (std::string bytes : {std::string("not a zip"), ZipBuilder().add("a.txt", "x").bytes(),
                             ZipBuilder().add("xl/workbook.xml", "<workbook><sheets").bytes()}) {
@@ -224,6 +234,32 @@ TEST(XlsxSupplementRead, DamageLosesOnlyWhatItTouchesAndIsNoted) {
     ASSERT_EQ(none.notes.size(), 1u);
     EXPECT_EQ(none.notes[0].rfind("inline texts and error values left out (", 0), 0u)
         << none.notes[0];
+  }
+}
+
+// The import refuses most damage before the second look runs; the second look on its own
+// must still never crash or throw on mutated content.
+TEST(XlsxSupplementRead, MutatedPartsNeverBreakIt) {
+  std::string sample = xlsxPackage({
+      {"Two", "xl/worksheets/sheet2.xml", "/xl/worksheets/sheet2.xml",
+       "<row r=\"1\">" + inlineCell("A1", "<r><t>a&amp;</t></r><r><t> b</t></r>") +
+           "<c t=\"e\"><v>#DIV/0!</v></c></row><row><c "
+           "t=\"inlineStr\"><is><t>Zürich</t></is></c></row>"},
+      {"One", "xl/worksheets/sheet1.xml", "worksheets/sheet1.xml",
+       R"(<row r="3"><c r="B3" t="e"><v>#NAME?</v></c><c r="C3"><f>B3</f></c></row>)"},
+  });
+  std::mt19937 random(20240611);
+  for (int round = 0; round < 300; ++round) {
+    std::string bytes = sample;
+    for (int i = 0, changes = 1 + static_cast<int>(random() % 6); i < changes; ++i) {
+      size_t at = random() % bytes.size();
+      if (random() % 2) {
+        bytes[at] = static_cast<char>(random());
+      } else {
+        bytes.erase(at, 1 + random() % 16);
+      }
+    }
+    EXPECT_NO_THROW(readXlsxSupplement(bytes));
   }
 }
 
