@@ -103,6 +103,9 @@ int main(int argc, char** argv) {
       kxc::reportingErrors("Workbench Sample", [&] { addSampleReport(session.app()); });
     }
     MainWindow window(session);
+    // Dialogs or the cache manager may still be open: the program ends with its main window.
+    QObject::connect(&window, &MainWindow::closed, &qapp, &QCoreApplication::quit,
+                     Qt::QueuedConnection);
     if (openFile && !window.openFile(options.file)) {
       kxc::reportingErrors("Workbench Sample", [&] { addSampleReport(session.app()); });
       window.refreshNow();

@@ -2,6 +2,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QCloseEvent>
 #include <QFileDialog>
 #include <QLabel>
 #include <QMenu>
@@ -10,6 +11,7 @@
 #include <QTabBar>
 #include <QTimer>
 #include <QVBoxLayout>
+#include <filesystem>
 
 #include "command_bar_menus.h"
 #include "facade/tm_globals.h"
@@ -23,6 +25,7 @@
 #include "sheet_model.h"
 #include "sheet_view.h"
 #include "workbench_session.h"
+#include "unsaved_changes.h"
 #include "workbook_files.h"
 #include "translated_text.h"
 
@@ -37,6 +40,7 @@ constexpr int kExclamation = 48;
 MainWindow::MainWindow(WorkbenchSession& session, QWidget* parent)
     : QMainWindow(parent),
       session_(session),
+      unsaved_(std::make_shared<UnsavedChanges>()),
       formulaBar_(new FormulaBar(session.appRef(), this)),
       view_(new SheetView(session.appRef(), this)),
       tabs_(new QTabBar(this)),
@@ -84,6 +88,7 @@ MainWindow::MainWindow(WorkbenchSession& session, QWidget* parent)
   session_.afterCommand = refreshSoon;
   session_.onChangeLanguage = [this] { chooseLanguage(); };
   session_.app().setChangeObserver(refreshSoon);
+  unsavedHookup_.hook(session_.appRef(), unsaved_);
 
   resize(1000, 640);
   retranslate();
@@ -93,6 +98,7 @@ MainWindow::MainWindow(WorkbenchSession& session, QWidget* parent)
 }
 
 MainWindow::~MainWindow() {
+  unsavedHookup_.reset();
   session_.app().setChangeObserver(nullptr);
   session_.afterCommand = nullptr;
   session_.onChangeLanguage = nullptr;
@@ -207,6 +213,7 @@ bool MainWindow::openFile(const std::string& path) {
     services().messageBox(outcome.message, kExclamation, kWorkbenchCaption);
     return false;
   }
+  if (!outcome.notes.empty()) showLeftOut(path, outcome.notes);
   if (!outcome.workbookName.empty()) {
     reportingErrors("Workbench Open", [&] {
       auto sheets = session_.app().sheetNames(outcome.workbookName);
@@ -218,7 +225,10 @@ bool MainWindow::openFile(const std::string& path) {
 }
 
 bool MainWindow::saveActiveAs(const std::string& path) {
-  const std::string workbook = session_.app().activeWorkbookName();
+  return saveWorkbookAs(session_.app().activeWorkbookName(), path);
+}
+
+bool MainWindow::saveWorkbookAs(const std::string& workbook, const std::string& path) {
   QApplication::setOverrideCursor(Qt::WaitCursor);
   FileOutcome outcome = saveWorkbookFile(session_.app(), workbook, path);
   QApplication::restoreOverrideCursor();
@@ -226,8 +236,47 @@ bool MainWindow::saveActiveAs(const std::string& path) {
     services().messageBox(outcome.message, kExclamation, kWorkbenchCaption);
     return false;
   }
+  unsaved_->markSaved(workbook);
   statusBar()->showMessage(qt::toQString(path), 4000);
   return true;
+}
+
+void MainWindow::showLeftOut(const std::string& path, const std::vector<std::string>& notes) {
+  constexpr size_t kMostListed = 12;
+  const std::string name = std::filesystem::path(path).filename().string();
+  std::string text;
+  ignoringErrors([&] { text = gLanguage->TransMes("@WB_LEFT_OUT", Variant(name)); });
+  for (size_t i = 0; i < notes.size() && i < kMostListed; ++i) text += "\n- " + notes[i];
+  if (notes.size() > kMostListed) {
+    text += "\n- \u2026 (+" + std::to_string(notes.size() - kMostListed) + ")";
+  }
+  services().messageBox(text, mb::kInformation, kWorkbenchCaption);
+}
+
+bool MainWindow::confirmClose() {
+  constexpr int kYesNoCancel = 3;
+  std::vector<std::string> workbooks;
+  ignoringErrors([&] { workbooks = session_.app().workbookNames(); });
+  for (const std::string& workbook : workbooks) {
+    if (!unsaved_->edited(workbook)) continue;
+    std::string question;
+    ignoringErrors([&] { question = gLanguage->TransMes("@WB_SAVE_CHANGES", Variant(workbook)); });
+    if (question.empty()) question = workbook + "?";
+    const int answer =
+        services().messageBox(question, kYesNoCancel | mb::kQuestion, kWorkbenchCaption);
+    if (answer == mb::kIdNo) continue;
+    if (answer != mb::kIdYes || !saveWorkbookWithDialog(workbook)) return false;
+  }
+  return true;
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+  if (!confirmClose()) {
+    event->ignore();
+    return;
+  }
+  event->accept();
+  emit closed();
 }
 
 void MainWindow::openDialog() {
@@ -237,13 +286,18 @@ void MainWindow::openDialog() {
   if (!path.isEmpty()) openFile(qt::fromQString(path));
 }
 
-void MainWindow::saveAsDialog() {
+void MainWindow::saveAsDialog() { saveWorkbookWithDialog(session_.app().activeWorkbookName()); }
+
+bool MainWindow::saveWorkbookWithDialog(const std::string& workbook) {
+  // A workbook opened from "Book1.xlsx" is offered as "Book1.xlsx", the sample as "Sample Report.xlsx".
+  QString suggested = qt::toQString(workbook);
+  if (!suggested.endsWith(".xlsx", Qt::CaseInsensitive)) suggested += ".xlsx";
   QString path = QFileDialog::getSaveFileName(
-      this, qt::plainCaptionText(textOf("@WB_SAVE_AS&")).remove(QChar(0x2026)),
-      qt::toQString(session_.app().activeWorkbookName()) + ".xlsx", "Spreadsheet (*.xlsx)");
-  if (path.isEmpty()) return;
+      this, qt::plainCaptionText(textOf("@WB_SAVE_AS&")).remove(QChar(0x2026)), suggested,
+      "Spreadsheet (*.xlsx)");
+  if (path.isEmpty()) return false;
   if (!path.endsWith(".xlsx", Qt::CaseInsensitive)) path += ".xlsx";
-  saveActiveAs(qt::fromQString(path));
+  return saveWorkbookAs(workbook, qt::fromQString(path));
 }
 
 void MainWindow::undoWriteBack() {

@@ -7,6 +7,9 @@
 #include <memory>
 #include <string>
 #include <utility>
+#include <vector>
+
+#include "platform/host/application.h"
 
 class QAction;
 class QLabel;
@@ -17,6 +20,7 @@ namespace kxc::workbench {
 class FormulaBar;
 class SheetModel;
 class SheetView;
+class UnsavedChanges;
 class WorkbenchSession;
 
 // Shows the active sheet of the active workbook and follows every change the application
@@ -38,6 +42,11 @@ class MainWindow : public QMainWindow {
   bool openFile(const std::string& path);
   // Saves the active workbook as .xlsx; false (after telling the user) on failure.
   bool saveActiveAs(const std::string& path);
+  bool saveWorkbookAs(const std::string& workbook, const std::string& path);
+  // Asks, for each workbook edited since it was opened or saved, whether to save it first
+  // (Yes opens the save dialog, No drops the edits, Cancel keeps the window); true when the
+  // window may close.
+  bool confirmClose();
   // Shows the language picker; on OK the add-in and the window change language.
   void chooseLanguage();
   // Puts the workbench's menus up in the current language and the add-in's menus again.
@@ -49,6 +58,13 @@ class MainWindow : public QMainWindow {
   QAction& writeBackAction() const { return *writeBack_; }
   QAction& undoWriteBackAction() const { return *undoWriteBack_; }
 
+ signals:
+  // The window has closed for good (after confirmClose); the program ends then.
+  void closed();
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+
  private:
   void scheduleRefresh();
   void rebuildMenus();
@@ -57,10 +73,14 @@ class MainWindow : public QMainWindow {
   void updateStatus();
   void openDialog();
   void saveAsDialog();
+  bool saveWorkbookWithDialog(const std::string& workbook);
+  void showLeftOut(const std::string& path, const std::vector<std::string>& notes);
   void undoWriteBack();
   void toggleWriteBack();
 
   WorkbenchSession& session_;
+  std::shared_ptr<UnsavedChanges> unsaved_;
+  host::EventHookup unsavedHookup_;
   FormulaBar* formulaBar_;
   SheetView* view_;
   QTabBar* tabs_;

@@ -6,8 +6,9 @@
 #include "language/language.h"
 #include "platform/error_report.h"
 
-#if defined(KXC_HAVE_FILEIO) && __has_include("platform/fileio/workbook_file.h")
-#include "platform/fileio/workbook_file.h"
+#ifdef KXC_HAVE_FILEIO
+#include "platform/fileio/workbook_loader.h"
+#include "platform/fileio/xlsx_saver.h"
 #define KXC_WORKBENCH_FILES 1
 #endif
 

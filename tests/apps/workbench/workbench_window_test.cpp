@@ -20,6 +20,8 @@
 #include "language_dialog.h"
 #include "platform/qt/caption_text.h"
 #include "platform/qt/qt_text.h"
+#include "platform/services.h"
+#include "platform/workbook/address_writer.h"
 #include "sheet_model.h"
 #include "sheet_view.h"
 
@@ -273,10 +275,53 @@ TEST_F(WorkbenchWindow, TypingANumberOverACacheFormulaWritesItBack) {
   window().writeBackAction().trigger();
 }
 
+TEST_F(WorkbenchWindow, ASavedReportOpensAgainWithItsCacheFormulasAndValues) {
+  const std::string file = (scratchFolder() / "report-copy.xlsx").string();
+  ASSERT_TRUE(window().saveActiveAs(file));
+  ASSERT_TRUE(window().openFile(file));
+  EXPECT_TRUE(services().messages.empty());
+  EXPECT_EQ(app().activeWorkbookName(), "report-copy.xlsx");
+  for (int32_t row : {5, 9, 14}) {
+    for (int32_t column : {2, 3}) {
+      const std::string cell = "Sheet1!" + workbook::cellAddress(row, column);
+      EXPECT_EQ(app().cellFormula("report-copy.xlsx", "Sheet1", row, column),
+                app().cellFormula("Sample Report", "Sheet1", row, column))
+          << cell;
+      EXPECT_EQ(app().cellText("report-copy.xlsx", "Sheet1", row, column),
+                app().cellText("Sample Report", "Sheet1", row, column))
+          << cell;
+    }
+  }
+  EXPECT_EQ(window().sheetTabs().count(), 2);
+}
+
+TEST_F(WorkbenchWindow, ClosingAfterAnEditAsksFirstAndCancelKeepsTheWindow) {
+  EXPECT_TRUE(window().confirmClose()) << "nothing edited yet";
+  EXPECT_TRUE(services().messages.empty());
+  app().typeInto("Sheet1!A20", "note");
+  services().answers = {mb::kIdCancel};
+  EXPECT_FALSE(window().close());
+  ASSERT_EQ(services().messages.size(), 1u);
+  EXPECT_NE(services().messages[0].text.find("Sample Report"), std::string::npos);
+  EXPECT_EQ(services().messages[0].style, 3 | mb::kQuestion);
+  EXPECT_TRUE(window().isVisible());
+  services().answers = {mb::kIdNo};
+  EXPECT_TRUE(window().close());
+}
+
+TEST_F(WorkbenchWindow, SavingForgetsTheEditsSoClosingDoesNotAsk) {
+  app().typeInto("Sheet1!A20", "note");
+  ASSERT_TRUE(window().saveActiveAs((scratchFolder() / "saved.xlsx").string()));
+  EXPECT_TRUE(window().confirmClose());
+  EXPECT_TRUE(services().messages.empty());
+}
+
 TEST_F(WorkbenchWindow, OpeningAMissingFileSaysWhichAndWhy) {
   EXPECT_FALSE(window().openFile((scratchFolder() / "missing.xlsx").string()));
   ASSERT_EQ(services().messages.size(), 1u);
   EXPECT_NE(services().messages[0].text.find("missing.xlsx"), std::string::npos);
+  EXPECT_NE(services().messages[0].text.find("does not exist"), std::string::npos)
+      << services().messages[0].text;
   EXPECT_EQ(services().messages[0].style, 48);
   EXPECT_EQ(app().activeWorkbookName(), "Sample Report");
 }
