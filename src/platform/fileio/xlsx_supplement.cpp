@@ -319,7 +319,9 @@ class SheetWalker : public Walker {
       if (workbook::errorLiteral(error, length) && length == error.size()) {
         add(std::string(error));
       } else if (add("'" + std::string(error))) {
-        out_.notes.push_back(sheet_ + "!" + workbook::cellAddress(row_, column_, false, false) +
+        out_.notes.push_back(sheet_ + "!" +
+                             workbook::cellAddress(static_cast<int32_t>(row_),
+                                                   static_cast<int32_t>(column_), false, false) +
                              ": error value " + std::string(error) + " kept as a text");
       }
     }
