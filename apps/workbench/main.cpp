@@ -3,6 +3,7 @@
 #include <QProgressDialog>
 #include <QTimer>
 #include <cstdio>
+#include <string>
 
 #include "main_window.h"
 #include "platform/error_report.h"
@@ -75,6 +76,14 @@ void startScreenshot(MainWindow& window, WorkbenchSession& session, const Workbe
 }  // namespace
 
 int main(int argc, char** argv) {
+  // Help is printed before Qt starts, so it needs no display.
+  for (int i = 1; i < argc; ++i) {
+    const std::string arg = argv[i];
+    if (arg == "--help" || arg == "-h") {
+      std::printf("%s", usageText());
+      return 0;
+    }
+  }
   QApplication qapp(argc, argv);
   QApplication::setApplicationName(QString::fromUtf8(kWorkbenchCaption));
   std::vector<std::string> args;
@@ -86,10 +95,6 @@ int main(int argc, char** argv) {
     return 2;
   }
   const WorkbenchOptions& options = parsed.options;
-  if (options.help) {
-    std::printf("%s", usageText());
-    return 0;
-  }
 
   kxc::engine::EngineOptions engineOptions;
   engineOptions.databasePath = options.databasePath;
@@ -98,7 +103,8 @@ int main(int argc, char** argv) {
     WorkbenchSession session(engineOptions);
     if (options.language) session.changeLanguage(*options.language);
     prepareCachesShowingProgress(session);
-    const bool openFile = !options.file.empty() && options.screenshot.empty();
+    // The dialog scenes act on the sample report; a plain screenshot may show a file.
+    const bool openFile = !options.file.empty() && options.open == ScreenshotDialog::None;
     if (!openFile) {
       kxc::reportingErrors("Workbench Sample", [&] { addSampleReport(session.app()); });
     }

@@ -13,6 +13,11 @@ namespace {
 constexpr int32_t kMinRows = 100;
 constexpr int32_t kMinColumns = 26;
 
+bool isNumber(const Variant& value) {
+  return value.type() == VarType::Double || value.type() == VarType::Int32 ||
+         value.type() == VarType::Int16;
+}
+
 }  // namespace
 
 std::string columnLetters(int32_t column) {
@@ -89,9 +94,17 @@ QVariant SheetModel::data(const QModelIndex& index, int role) const {
     case Qt::EditRole:
       ignoringErrors([&] { text = app_->cellFormula(workbook_, sheet_, row, column); });
       return qt::toQString(text);
-    case Qt::TextAlignmentRole:
-      return QVariant::fromValue(Qt::AlignVCenter |
-                                 (numberAt(row, column) ? Qt::AlignRight : Qt::AlignLeft));
+    case Qt::TextAlignmentRole: {
+      // As a spreadsheet lines them up: numbers right, error values and booleans centred.
+      Variant value;
+      ignoringErrors([&] { value = app_->cellValue(workbook_, sheet_, row, column); });
+      Qt::Alignment horizontal = Qt::AlignLeft;
+      if (isNumber(value)) horizontal = Qt::AlignRight;
+      if (value.type() == VarType::Error || value.type() == VarType::Bool) {
+        horizontal = Qt::AlignHCenter;
+      }
+      return QVariant::fromValue(Qt::AlignVCenter | horizontal);
+    }
     case kNumberRole:
       if (auto number = numberAt(row, column)) return *number;
       return {};
@@ -103,14 +116,8 @@ QVariant SheetModel::data(const QModelIndex& index, int role) const {
 std::optional<double> SheetModel::numberAt(int32_t row, int32_t column) const {
   Variant value;
   ignoringErrors([&] { value = app_->cellValue(workbook_, sheet_, row, column); });
-  switch (value.type()) {
-    case VarType::Double:
-    case VarType::Int32:
-    case VarType::Int16:
-      return value.toDouble();
-    default:
-      return std::nullopt;
-  }
+  if (!isNumber(value)) return std::nullopt;
+  return value.toDouble();
 }
 
 bool SheetModel::setData(const QModelIndex& index, const QVariant& value, int role) {

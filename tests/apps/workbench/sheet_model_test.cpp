@@ -62,12 +62,26 @@ TEST_F(SheetModelTest, ShowsValuesAndEditsFormulas) {
   EXPECT_EQ(model_.headerData(4, Qt::Vertical, Qt::DisplayRole).toInt(), 5);
 }
 
-TEST_F(SheetModelTest, NumbersLineUpRightAndTextsLeft) {
-  const auto alignment = [&](int column) {
-    return model_.data(model_.index(0, column), Qt::TextAlignmentRole).value<Qt::Alignment>();
+TEST_F(SheetModelTest, CellsLineUpAsInASpreadsheet) {
+  app_->setCell("Sheet1!D1", "=1/0");
+  app_->setCell("Sheet1!E1", "TRUE");
+  app_->setCell("Sheet1!F1", "'42");
+  const std::vector<std::pair<int, Qt::Alignment>> cases = {
+      {1, Qt::AlignRight},    // a number
+      {2, Qt::AlignLeft},     // a text
+      {3, Qt::AlignHCenter},  // an error value
+      {4, Qt::AlignHCenter},  // a boolean
+      {5, Qt::AlignLeft},     // a number typed as text
+      {6, Qt::AlignLeft},     // an empty cell
   };
-  EXPECT_TRUE(alignment(1) & Qt::AlignRight);
-  EXPECT_TRUE(alignment(2) & Qt::AlignLeft);
+  for (const auto& [column, expected] : cases) {
+    const auto alignment =
+        model_.data(model_.index(0, column), Qt::TextAlignmentRole).value<Qt::Alignment>();
+    EXPECT_EQ(alignment & Qt::AlignHorizontal_Mask, expected) << "column " << column;
+    EXPECT_EQ(model_.data(model_.index(0, column), SheetModel::kNumberRole).isValid(),
+              column == 1)
+        << "column " << column;
+  }
 }
 
 TEST_F(SheetModelTest, EditingTypesIntoTheCellAndRaisesTheChange) {
