@@ -1,5 +1,6 @@
 #include "sheet_view.h"
 
+#include <QApplication>
 #include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -121,6 +122,34 @@ void SheetView::keyPressEvent(QKeyEvent* event) {
   }
   reportingErrors("Workbench Delete", [&] { app_->clearSelection(); });
   if (afterCommand) afterCommand();
+}
+
+void SheetView::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) {
+  const bool shift = QApplication::keyboardModifiers() & Qt::ShiftModifier;
+  int rowStep = 0;
+  int columnStep = 0;
+  switch (hint) {
+    case QAbstractItemDelegate::SubmitModelCache:  // Enter or Return
+      rowStep = shift ? -1 : 1;
+      break;
+    case QAbstractItemDelegate::EditNextItem:  // Tab
+      columnStep = 1;
+      break;
+    case QAbstractItemDelegate::EditPreviousItem:  // Shift+Tab
+      columnStep = -1;
+      break;
+    default:
+      break;
+  }
+  QTableView::closeEditor(editor, rowStep == 0 && columnStep == 0
+                                      ? hint
+                                      : QAbstractItemDelegate::NoHint);
+  if ((rowStep == 0 && columnStep == 0) || !model_) return;
+  const QModelIndex from = currentIndex();
+  const QModelIndex to = model_->index(from.row() + rowStep, from.column() + columnStep);
+  if (!to.isValid()) return;
+  selectionModel()->setCurrentIndex(to, QItemSelectionModel::ClearAndSelect);
+  scrollTo(to);
 }
 
 void SheetView::mouseDoubleClickEvent(QMouseEvent* event) {

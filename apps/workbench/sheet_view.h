@@ -46,6 +46,9 @@ class SheetView : public QTableView {
   void showEvent(QShowEvent* event) override;
   // Delete empties the selected cells, as the spreadsheet's own Delete key does.
   void keyPressEvent(QKeyEvent* event) override;
+  // Enter ends an edit and moves one cell down, Tab one cell right (Shift: up, left), without
+  // opening the next cell for editing.
+  void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
 
  private:
   void pushSelection();

@@ -146,6 +146,13 @@ TEST_F(WorkbenchWindow, TypingInTheGridEntersTheCell) {
   QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
   processEvents();
   EXPECT_EQ(app().displayText("Sheet1!D22"), "42");
+  EXPECT_EQ(app().selectionAddress(), "$D$23") << "Enter moves one cell down";
+  QTest::keyClick(QApplication::focusWidget(), '7');
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+  processEvents();
+  EXPECT_EQ(app().displayText("Sheet1!D23"), "7");
+  EXPECT_EQ(app().selectionAddress(), "$E$23") << "Tab moves one cell right";
+  EXPECT_EQ(QApplication::focusWidget(), &view) << "no editor opens on the next cell";
 }
 
 TEST_F(WorkbenchWindow, DeleteEmptiesTheSelectedCellsAndTheTotalsFollow) {
