@@ -186,6 +186,9 @@ void MainWindow::rebuildMenus() {
 }
 
 void MainWindow::retranslate() {
+  int16_t language = 0;
+  ignoringErrors([&] { language = gLanguage->CurrentLanguage(); });
+  qtTranslation_.follow(language);
   open_->setText(qt::mnemonicText(textOf("@WB_OPEN&")));
   saveAs_->setText(qt::mnemonicText(textOf("@WB_SAVE_AS&")));
   exit_->setText(qt::mnemonicText(textOf("@EXIT&")));

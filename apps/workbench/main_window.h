@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "platform/host/application.h"
+#include "qt_translation.h"
 
 class QAction;
 class QLabel;
@@ -80,6 +81,7 @@ class MainWindow : public QMainWindow {
 
   WorkbenchSession& session_;
   std::shared_ptr<UnsavedChanges> unsaved_;
+  QtTranslation qtTranslation_;
   host::EventHookup unsavedHookup_;
   FormulaBar* formulaBar_;
   SheetView* view_;
