@@ -25,8 +25,6 @@ namespace kxc::workbench {
 
 namespace {
 
-constexpr int kExclamation = 48;
-
 QTableWidgetItem* numberItem(int64_t value) {
   // Grouped the way the user's locale writes counts ("200,000", "200.000").
   auto* item = new QTableWidgetItem(QLocale().toString(static_cast<qlonglong>(value)));
@@ -127,7 +125,7 @@ bool CacheManagerWindow::importFile(const std::string& file, const std::string& 
   progress.setValue(1000);
   refresh();
   if (failure.empty()) return true;
-  services().messageBox(failure, kExclamation, qt::fromQString(windowTitle()));
+  services().messageBox(failure, mb::kExclamation, qt::fromQString(windowTitle()));
   return false;
 }
 

@@ -25,17 +25,11 @@
 #include "sheet_model.h"
 #include "sheet_view.h"
 #include "workbench_session.h"
+#include "translated_text.h"
 #include "unsaved_changes.h"
 #include "workbook_files.h"
-#include "translated_text.h"
 
 namespace kxc::workbench {
-
-namespace {
-
-constexpr int kExclamation = 48;
-
-}  // namespace
 
 MainWindow::MainWindow(WorkbenchSession& session, QWidget* parent)
     : QMainWindow(parent),
@@ -213,7 +207,7 @@ bool MainWindow::openFile(const std::string& path) {
   FileOutcome outcome = openWorkbookFile(session_.app(), path);
   QApplication::restoreOverrideCursor();
   if (!outcome.ok) {
-    services().messageBox(outcome.message, kExclamation, kWorkbenchCaption);
+    services().messageBox(outcome.message, mb::kExclamation, kWorkbenchCaption);
     return false;
   }
   if (!outcome.notes.empty()) showLeftOut(path, outcome.notes);
@@ -236,7 +230,7 @@ bool MainWindow::saveWorkbookAs(const std::string& workbook, const std::string& 
   FileOutcome outcome = saveWorkbookFile(session_.app(), workbook, path);
   QApplication::restoreOverrideCursor();
   if (!outcome.ok) {
-    services().messageBox(outcome.message, kExclamation, kWorkbenchCaption);
+    services().messageBox(outcome.message, mb::kExclamation, kWorkbenchCaption);
     return false;
   }
   unsaved_->markSaved(workbook);
