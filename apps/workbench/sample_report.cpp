@@ -1,6 +1,8 @@
 #include "sample_report.h"
 
 #include <array>
+#include <functional>
+#include <string>
 
 #include "platform/workbook/address_writer.h"
 
@@ -33,10 +35,44 @@ std::string sumAcross(int32_t row, int32_t first, int32_t last) {
   return "=SUM(" + ref(row, first, false, false) + ":" + ref(row, last, false, false) + ")";
 }
 
-void fillSalesSheet(workbook::InMemoryApplication& app, const std::string& sheet) {
-  auto set = [&](int32_t row, int32_t column, const std::string& text) {
+using SetCell = std::function<void(int32_t row, int32_t column, const std::string& text)>;
+using CacheFormula = std::function<std::string(int32_t row, int32_t column)>;
+
+// A cross table under `header`: its labels down column A and along the header row, a cache
+// formula in every inner cell, a "Total" column at the right and a "Total" row below. Returns
+// the row of the totals.
+template <size_t Rows, size_t Columns>
+int32_t fillCrossTable(const SetCell& set, int32_t header, const char* corner,
+                       const std::array<const char*, Rows>& rowLabels,
+                       const std::array<const char*, Columns>& columnLabels,
+                       const CacheFormula& formula) {
+  const int32_t first = header + 1;
+  const int32_t last = first + static_cast<int32_t>(Rows) - 1;
+  const int32_t totalColumn = 2 + static_cast<int32_t>(Columns);
+  set(header, 1, corner);
+  for (size_t c = 0; c < Columns; ++c) set(header, 2 + static_cast<int32_t>(c), columnLabels[c]);
+  set(header, totalColumn, "Total");
+  for (size_t r = 0; r < Rows; ++r) {
+    const int32_t row = first + static_cast<int32_t>(r);
+    set(row, 1, rowLabels[r]);
+    for (int32_t column = 2; column < totalColumn; ++column) set(row, column, formula(row, column));
+    set(row, totalColumn, sumAcross(row, 2, totalColumn - 1));
+  }
+  set(last + 1, 1, "Total");
+  for (int32_t column = 2; column <= totalColumn; ++column) {
+    set(last + 1, column, sumDown(first, last, column));
+  }
+  return last + 1;
+}
+
+SetCell setterOf(workbook::InMemoryApplication& app, const std::string& sheet) {
+  return [&app, sheet](int32_t row, int32_t column, const std::string& text) {
     app.setCell(cell(sheet, row, column), text);
   };
+}
+
+void fillSalesSheet(workbook::InMemoryApplication& app, const std::string& sheet) {
+  const SetCell set = setterOf(app, sheet);
   set(1, 1, "Sales by region and year");
   // The cache name sits in a cell that every formula references, so that write-back (which
   // resolves only references) can name the cache.
@@ -44,28 +80,13 @@ void fillSalesSheet(workbook::InMemoryApplication& app, const std::string& sheet
   set(2, 2, "Sales");
   set(2, 3, "Amount of all products, channels and customers");
   const int32_t header = 4;
-  const int32_t first = header + 1;
-  const int32_t last = first + static_cast<int32_t>(kRegions.size()) - 1;
-  const int32_t totalColumn = 2 + static_cast<int32_t>(kYears.size());
-  set(header, 1, "Region");
-  for (size_t y = 0; y < kYears.size(); ++y) set(header, 2 + static_cast<int32_t>(y), kYears[y]);
-  set(header, totalColumn, "Total");
-  for (size_t r = 0; r < kRegions.size(); ++r) {
-    const int32_t row = first + static_cast<int32_t>(r);
-    set(row, 1, kRegions[r]);
-    for (int32_t column = 2; column < totalColumn; ++column) {
-      set(row, column,
-          "=BV_KXCSUM($B$2,1," + ref(row, 1, false, true) +
-              ",\"<ALL>\",\"<ALL>\",\"<ALL>\"," + ref(header, column, true, false) + ")");
-    }
-    set(row, totalColumn, sumAcross(row, 2, totalColumn - 1));
-  }
-  set(last + 1, 1, "Total");
-  for (int32_t column = 2; column <= totalColumn; ++column) {
-    set(last + 1, column, sumDown(first, last, column));
-  }
+  const int32_t totals = fillCrossTable(set, header, "Region", kRegions, kYears,
+                                        [&](int32_t row, int32_t column) {
+    return "=BV_KXCSUM($B$2,1," + ref(row, 1, false, true) + ",\"<ALL>\",\"<ALL>\",\"<ALL>\"," +
+           ref(header, column, true, false) + ")";
+  });
 
-  const int32_t channelHeader = last + 4;
+  const int32_t channelHeader = totals + 3;
   set(channelHeader - 1, 1, "Quantity by channel");
   set(channelHeader, 1, "Channel");
   set(channelHeader, 2, "2023");
@@ -82,37 +103,18 @@ void fillSalesSheet(workbook::InMemoryApplication& app, const std::string& sheet
 }
 
 void fillBudgetSheet(workbook::InMemoryApplication& app, const std::string& sheet) {
-  auto set = [&](int32_t row, int32_t column, const std::string& text) {
-    app.setCell(cell(sheet, row, column), text);
-  };
+  const SetCell set = setterOf(app, sheet);
   set(1, 1, "Budget by department and quarter");
   set(2, 1, "Cache");
   set(2, 2, "Budget");
   set(3, 1, "Year");
   set(3, 2, "2024");
   const int32_t header = 5;
-  const int32_t first = header + 1;
-  const int32_t last = first + static_cast<int32_t>(kDepartments.size()) - 1;
-  const int32_t totalColumn = 2 + static_cast<int32_t>(kQuarters.size());
-  set(header, 1, "Department");
-  for (size_t q = 0; q < kQuarters.size(); ++q) {
-    set(header, 2 + static_cast<int32_t>(q), kQuarters[q]);
-  }
-  set(header, totalColumn, "Total");
-  for (size_t d = 0; d < kDepartments.size(); ++d) {
-    const int32_t row = first + static_cast<int32_t>(d);
-    set(row, 1, kDepartments[d]);
-    for (int32_t column = 2; column < totalColumn; ++column) {
-      set(row, column,
-          "=BV_KXCSUM($B$2,1," + ref(row, 1, false, true) + ",\"<ALL>\"," +
-              ref(3, 2, true, true) + "," + ref(header, column, true, false) + ")");
-    }
-    set(row, totalColumn, sumAcross(row, 2, totalColumn - 1));
-  }
-  set(last + 1, 1, "Total");
-  for (int32_t column = 2; column <= totalColumn; ++column) {
-    set(last + 1, column, sumDown(first, last, column));
-  }
+  fillCrossTable(set, header, "Department", kDepartments, kQuarters,
+                 [&](int32_t row, int32_t column) {
+    return "=BV_KXCSUM($B$2,1," + ref(row, 1, false, true) + ",\"<ALL>\"," +
+           ref(3, 2, true, true) + "," + ref(header, column, true, false) + ")";
+  });
 }
 
 }  // namespace
