@@ -40,6 +40,7 @@ MainWindow::MainWindow(WorkbenchSession& session, QWidget* parent)
       tabs_(new QTabBar(this)),
       status_(new QLabel(this)),
       open_(new QAction(this)),
+      save_(new QAction(this)),
       saveAs_(new QAction(this)),
       exit_(new QAction(this)),
       undoWriteBack_(new QAction(this)),
@@ -59,11 +60,14 @@ MainWindow::MainWindow(WorkbenchSession& session, QWidget* parent)
   statusBar()->addWidget(status_, 1);
 
   open_->setShortcut(QKeySequence::Open);
+  save_->setShortcut(QKeySequence::Save);
   saveAs_->setShortcut(QKeySequence::SaveAs);
   exit_->setShortcut(QKeySequence::Quit);
   undoWriteBack_->setShortcut(QKeySequence::Undo);
   writeBack_->setCheckable(true);
   connect(open_, &QAction::triggered, this, &MainWindow::openDialog);
+  connect(save_, &QAction::triggered, this,
+          [this] { saveWorkbook(session_.app().activeWorkbookName()); });
   connect(saveAs_, &QAction::triggered, this, &MainWindow::saveAsDialog);
   connect(exit_, &QAction::triggered, this, &QWidget::close);
   connect(undoWriteBack_, &QAction::triggered, this, &MainWindow::undoWriteBack);
@@ -160,6 +164,7 @@ void MainWindow::rebuildMenus() {
 
   QMenu* file = bar->addMenu(qt::mnemonicText(textOf("@FILE&")));
   file->addAction(open_);
+  file->addAction(save_);
   file->addAction(saveAs_);
   file->addSeparator();
   file->addAction(exit_);
@@ -184,6 +189,7 @@ void MainWindow::retranslate() {
   ignoringErrors([&] { language = gLanguage->CurrentLanguage(); });
   qtTranslation_.follow(language);
   open_->setText(qt::mnemonicText(textOf("@WB_OPEN&")));
+  save_->setText(qt::mnemonicText(textOf("@WB_SAVE&")));
   saveAs_->setText(qt::mnemonicText(textOf("@WB_SAVE_AS&")));
   exit_->setText(qt::mnemonicText(textOf("@EXIT&")));
   undoWriteBack_->setText(qt::mnemonicText(textOf("@WB_UNDO_WRITE_BACK&")));
@@ -211,6 +217,10 @@ bool MainWindow::openFile(const std::string& path) {
     return false;
   }
   if (!outcome.notes.empty()) showLeftOut(path, outcome.notes);
+  // Only .xlsx is written back in place; an .ods file is saved as .xlsx under a name asked for.
+  if (QString::fromStdString(path).endsWith(".xlsx", Qt::CaseInsensitive)) {
+    files_[outcome.workbookName] = path;
+  }
   if (!outcome.workbookName.empty()) {
     reportingErrors("Workbench Open", [&] {
       auto sheets = session_.app().sheetNames(outcome.workbookName);
@@ -234,6 +244,7 @@ bool MainWindow::saveWorkbookAs(const std::string& workbook, const std::string& 
     return false;
   }
   unsaved_->markSaved(workbook);
+  files_[workbook] = path;
   statusBar()->showMessage(qt::toQString(path), 4000);
   return true;
 }
@@ -262,7 +273,7 @@ bool MainWindow::confirmClose() {
     const int answer =
         services().messageBox(question, kYesNoCancel | mb::kQuestion, kWorkbenchCaption);
     if (answer == mb::kIdNo) continue;
-    if (answer != mb::kIdYes || !saveWorkbookWithDialog(workbook)) return false;
+    if (answer != mb::kIdYes || !saveWorkbook(workbook)) return false;
   }
   return true;
 }
@@ -284,6 +295,12 @@ void MainWindow::openDialog() {
 }
 
 void MainWindow::saveAsDialog() { saveWorkbookWithDialog(session_.app().activeWorkbookName()); }
+
+bool MainWindow::saveWorkbook(const std::string& workbook) {
+  auto file = files_.find(workbook);
+  if (file == files_.end()) return saveWorkbookWithDialog(workbook);
+  return saveWorkbookAs(workbook, file->second);
+}
 
 bool MainWindow::saveWorkbookWithDialog(const std::string& workbook) {
   // A workbook opened from "Book1.xlsx" is offered as "Book1.xlsx", the sample as "Sample Report.xlsx".

@@ -27,7 +27,7 @@ class WorkbenchSession;
 // Shows the active sheet of the active workbook and follows every change the application
 // reports (coalesced into one refresh per event-loop turn). The menu bar holds the workbench's
 // own File and Edit menus, then the controls of command bar 1 (the add-in's menu appears there
-// after CreateMenu); it is rebuilt whenever the command bars change. File > Open and Save As
+// after CreateMenu); it is rebuilt whenever the command bars change. File > Open, Save and Save As
 // report failures with "@WB_OPEN_FAILED" / "@WB_SAVE_FAILED". The session must outlive the
 // window. User-interface thread only.
 class MainWindow : public QMainWindow {
@@ -56,6 +56,7 @@ class MainWindow : public QMainWindow {
   SheetView& sheetView() const { return *view_; }
   FormulaBar& formulaBar() const { return *formulaBar_; }
   QTabBar& sheetTabs() const { return *tabs_; }
+  QAction& saveAction() const { return *save_; }
   QAction& writeBackAction() const { return *writeBack_; }
   QAction& undoWriteBackAction() const { return *undoWriteBack_; }
 
@@ -75,6 +76,8 @@ class MainWindow : public QMainWindow {
   void openDialog();
   void saveAsDialog();
   bool saveWorkbookWithDialog(const std::string& workbook);
+  // Saves to the workbook's own .xlsx file, or asks for one when it has none.
+  bool saveWorkbook(const std::string& workbook);
   void showLeftOut(const std::string& path, const std::vector<std::string>& notes);
   void undoWriteBack();
   void toggleWriteBack();
@@ -88,11 +91,14 @@ class MainWindow : public QMainWindow {
   QTabBar* tabs_;
   QLabel* status_;
   QAction* open_;
+  QAction* save_;
   QAction* saveAs_;
   QAction* exit_;
   QAction* undoWriteBack_;
   QAction* writeBack_;
   std::map<std::pair<std::string, std::string>, SheetModel*> models_;
+  // The .xlsx file each workbook was opened from or last saved as: where File > Save writes.
+  std::map<std::string, std::string> files_;
   std::string menuSignature_;
   bool refreshPending_ = false;
   bool updatingTabs_ = false;

@@ -316,6 +316,20 @@ TEST_F(WorkbenchWindow, ClosingAfterAnEditAsksFirstAndCancelKeepsTheWindow) {
   EXPECT_TRUE(window().close());
 }
 
+TEST_F(WorkbenchWindow, SaveWritesBackToTheFileTheWorkbookCameFrom) {
+  const std::filesystem::path first = scratchFolder() / "kept.xlsx";
+  ASSERT_TRUE(window().saveActiveAs(first.string()));
+  app().typeInto("Sheet1!A20", "added later");
+  window().saveAction().trigger();
+  EXPECT_TRUE(services().messages.empty());
+  EXPECT_TRUE(window().confirmClose()) << "saved, so nothing to ask";
+  // A copy under another name opens beside the sample and shows the later edit.
+  const std::filesystem::path copy = scratchFolder() / "kept-copy.xlsx";
+  std::filesystem::copy_file(first, copy, std::filesystem::copy_options::overwrite_existing);
+  ASSERT_TRUE(window().openFile(copy.string()));
+  EXPECT_EQ(app().cellText("kept-copy.xlsx", "Sheet1", 20, 1), "added later");
+}
+
 TEST_F(WorkbenchWindow, SavingForgetsTheEditsSoClosingDoesNotAsk) {
   app().typeInto("Sheet1!A20", "note");
   ASSERT_TRUE(window().saveActiveAs((scratchFolder() / "saved.xlsx").string()));
