@@ -9,6 +9,7 @@
 #include <QMenuBar>
 #include <QPixmap>
 #include <QScrollBar>
+#include <QStyle>
 #include <QTabBar>
 #include <QTest>
 
@@ -22,6 +23,7 @@
 #include "platform/qt/qt_text.h"
 #include "platform/services.h"
 #include "platform/workbook/address_writer.h"
+#include "number_fit.h"
 #include "sheet_model.h"
 #include "sheet_view.h"
 
@@ -36,6 +38,15 @@ QStringList menuTitles(QMenuBar& bar) {
   QStringList titles;
   for (QAction* action : bar.actions()) titles << action->text();
   return titles;
+}
+
+// Replaces what a box holds with `text` and presses Enter, as a user would.
+void typeAndEnter(QLineEdit& box, const char* text) {
+  box.setFocus();
+  box.selectAll();
+  QTest::keyClicks(&box, text);
+  QTest::keyClick(&box, Qt::Key_Return);
+  processEvents();
 }
 
 QString translated(const char* key) {
@@ -73,25 +84,40 @@ TEST_F(WorkbenchWindow, NameBoxFollowsTheSelectionUnlessSomethingIsTypedInIt) {
   EXPECT_EQ(box.text(), "$C$7D");
 }
 
-TEST_F(WorkbenchWindow, NarrowColumnsStillShowTheirNumbers) {
+TEST_F(WorkbenchWindow, NarrowColumnsShowTheirNumbersFittedNotCut) {
   auto& view = window().sheetView();
-  view.setColumnWidth(1, 40);
+  app().select("Sheet1!A1");  // B5 unselected, so its text is the only ink in it
+  window().refreshNow();
+  view.setColumnWidth(1, 48);
   const QModelIndex cell = view.model()->index(4, 1);
   ASSERT_TRUE(cell.data(SheetModel::kNumberRole).isValid());
   const QRect rect = view.visualRect(cell);
   QPixmap picture(view.viewport()->size());
   picture.fill(Qt::white);
   view.viewport()->render(&picture);
-  // Something is drawn in the narrow cell, and nothing spills into its right neighbour's text.
   const QImage image = picture.toImage();
-  bool inked = false;
-  for (int x = rect.left() + 2; x < rect.right() - 2 && !inked; ++x) {
-    for (int y = rect.top() + 2; y < rect.bottom() - 2 && !inked; ++y) {
-      inked = qGray(image.pixel(x, y)) < 128;
+  int inkLeft = rect.right();
+  int inkRight = rect.left();
+  for (int x = rect.left() + 1; x < rect.right(); ++x) {
+    for (int y = rect.top() + 1; y < rect.bottom(); ++y) {
+      if (qGray(image.pixel(x, y)) >= 128) continue;
+      inkLeft = std::min(inkLeft, x);
+      inkRight = std::max(inkRight, x);
     }
   }
-  EXPECT_TRUE(inked);
-  EXPECT_FALSE(cell.data(Qt::DisplayRole).toString().isEmpty());
+  ASSERT_LT(inkLeft, inkRight) << "nothing drawn";
+  // The drawn text is as wide as the fitted text: not elided, not the full number cut off.
+  const QFontMetrics metrics(view.font());
+  const int margin = view.style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, &view) + 1;
+  const std::string fitted = workbench::fitNumberText(
+      cell.data(SheetModel::kNumberRole).toDouble(), [&](std::string_view text) {
+        return metrics.horizontalAdvance(QString::fromUtf8(text.data(), text.size())) <=
+               rect.width() - 2 * margin;
+      });
+  EXPECT_NE(fitted, cell.data(Qt::DisplayRole).toString().toStdString()) << "column too wide";
+  EXPECT_NEAR(inkRight - inkLeft + 1, metrics.horizontalAdvance(QString::fromStdString(fitted)),
+              3)
+      << fitted;
 }
 
 TEST_F(WorkbenchWindow, MenuBarHoldsTheAddInMenuAndLosesItOnUninstall) {
@@ -114,24 +140,14 @@ TEST_F(WorkbenchWindow, ClickingACellSelectsItAndShowsItsFormula) {
 TEST_F(WorkbenchWindow, FormulaBarEnterTypesIntoTheActiveCell) {
   app().select("Sheet1!A20");
   window().refreshNow();
-  QLineEdit& box = window().formulaBar().formulaBox();
-  box.setFocus();
-  box.selectAll();
-  QTest::keyClicks(&box, "=B10+1");
-  QTest::keyClick(&box, Qt::Key_Return);
-  processEvents();
+  typeAndEnter(window().formulaBar().formulaBox(), "=B10+1");
   EXPECT_EQ(app().cellFormula("Sample Report", "Sheet1", 20, 1), "=B10+1");
   EXPECT_EQ(window().sheetView().model()->index(19, 0).data().toString().toStdString(),
             app().displayText("Sheet1!A20"));
 }
 
 TEST_F(WorkbenchWindow, NameBoxSelectsWhatIsTypedThere) {
-  QLineEdit& box = window().formulaBar().nameBox();
-  box.setFocus();
-  box.selectAll();
-  QTest::keyClicks(&box, "B6:C7");
-  QTest::keyClick(&box, Qt::Key_Return);
-  processEvents();
+  typeAndEnter(window().formulaBar().nameBox(), "B6:C7");
   EXPECT_EQ(app().selectionAddress(), "$B$6:$C$7");
   const auto selected = window().sheetView().selectionModel()->selectedIndexes();
   EXPECT_EQ(selected.size(), 4);
