@@ -107,13 +107,18 @@ std::string odsFile(std::string_view body) {
       .bytes();
 }
 
-std::string xlsxFile(const std::vector<std::pair<std::string, std::string>>& sheets,
-                     const std::vector<std::string>& sharedStrings, std::string_view definedNames) {
+namespace {
+
+// Both xlsx builders: the sheets listed in order, each in its own part, then an optional
+// shared-string table and defined names. Relationship ids start at rId7 so that nothing may
+// take them for sheet positions.
+std::string xlsxArchive(const std::vector<XlsxSheetPart>& sheets,
+                        const std::vector<std::string>& sharedStrings,
+                        std::string_view definedNames) {
   const std::string main = "http://schemas.openxmlformats.org/spreadsheetml/2006/main";
   const std::string rel = "http://schemas.openxmlformats.org/officeDocument/2006/relationships";
   const std::string pkg = "http://schemas.openxmlformats.org/package/2006/relationships";
   const std::string type = "application/vnd.openxmlformats-officedocument.spreadsheetml.";
-
   std::string types =
       "<?xml version=\"1.0\" encoding=\"UTF-8\"?><Types "
       "xmlns=\"http://schemas.openxmlformats.org/package/2006/content-types\">"
@@ -124,89 +129,60 @@ std::string xlsxFile(const std::vector<std::pair<std::string, std::string>>& she
       type + "sheet.main+xml\"/>";
   std::string workbook = "<?xml version=\"1.0\" encoding=\"UTF-8\"?><workbook xmlns=\"" + main +
                          "\" xmlns:r=\"" + rel + "\"><sheets>";
-  std::string workbookRels =
+  std::string rels =
       "<?xml version=\"1.0\" encoding=\"UTF-8\"?><Relationships xmlns=\"" + pkg + "\">";
   ZipBuilder zip;
   for (size_t i = 0; i < sheets.size(); ++i) {
-    std::string n = std::to_string(i + 1);
-    types += "<Override PartName=\"/xl/worksheets/sheet" + n + ".xml\" ContentType=\"" + type +
+    const std::string id = "rId" + std::to_string(i + 7);
+    types += "<Override PartName=\"/" + sheets[i].part + "\" ContentType=\"" + type +
              "worksheet+xml\"/>";
-    workbook +=
-        "<sheet name=\"" + sheets[i].first + "\" sheetId=\"" + n + "\" r:id=\"rId" + n + "\"/>";
-    workbookRels += "<Relationship Id=\"rId" + n + "\" Type=\"" + rel +
-                    "/worksheet\" Target=\"worksheets/sheet" + n + ".xml\"/>";
-  }
-  workbook += "</sheets>";
-  if (!definedNames.empty())
-    workbook += "<definedNames>" + std::string(definedNames) + "</definedNames>";
-  workbook += "</workbook>";
-  if (!sharedStrings.empty()) {
-    types += "<Override PartName=\"/xl/sharedStrings.xml\" ContentType=\"" + type +
-             "sharedStrings+xml\"/>";
-    workbookRels += "<Relationship Id=\"rIdS\" Type=\"" + rel +
-                    "/sharedStrings\" Target=\"sharedStrings.xml\"/>";
-    std::string table = "<?xml version=\"1.0\" encoding=\"UTF-8\"?><sst xmlns=\"" + main + "\">";
-    for (const auto& text : sharedStrings) table += "<si><t>" + text + "</t></si>";
-    zip.add("xl/sharedStrings.xml", table + "</sst>");
-  }
-  types += "</Types>";
-  workbookRels += "</Relationships>";
-  zip.add("[Content_Types].xml", types)
-      .add("_rels/.rels", "<?xml version=\"1.0\" encoding=\"UTF-8\"?><Relationships xmlns=\"" +
-                              pkg + "\"><Relationship Id=\"rId1\" Type=\"" + rel +
-                              "/officeDocument\" Target=\"xl/workbook.xml\"/></Relationships>")
-      .add("xl/workbook.xml", workbook)
-      .add("xl/_rels/workbook.xml.rels", workbookRels);
-  for (size_t i = 0; i < sheets.size(); ++i) {
-    zip.add("xl/worksheets/sheet" + std::to_string(i + 1) + ".xml",
-            "<?xml version=\"1.0\" encoding=\"UTF-8\"?><worksheet xmlns=\"" + main +
-                "\"><sheetData>" + sheets[i].second + "</sheetData></worksheet>");
-  }
-  return zip.bytes();
-}
-
-std::string xlsxPackage(const std::vector<XlsxSheetPart>& sheets) {
-  const std::string main = "http://schemas.openxmlformats.org/spreadsheetml/2006/main";
-  const std::string rel = "http://schemas.openxmlformats.org/officeDocument/2006/relationships";
-  std::string types =
-      "<?xml version=\"1.0\"?><Types "
-      "xmlns=\"http://schemas.openxmlformats.org/package/2006/content-types\">"
-      "<Default Extension=\"rels\" "
-      "ContentType=\"application/vnd.openxmlformats-package.relationships+xml\"/>"
-      "<Default Extension=\"xml\" ContentType=\"application/xml\"/>"
-      "<Override PartName=\"/xl/workbook.xml\" ContentType=\"application/"
-      "vnd.openxmlformats-officedocument.spreadsheetml.sheet.main+xml\"/>";
-  std::string workbook =
-      "<?xml version=\"1.0\"?><workbook xmlns=\"" + main + "\" xmlns:r=\"" + rel + "\"><sheets>";
-  std::string rels =
-      "<?xml version=\"1.0\"?><Relationships "
-      "xmlns=\"http://schemas.openxmlformats.org/package/2006/relationships\">";
-  ZipBuilder zip;
-  for (size_t i = 0; i < sheets.size(); ++i) {
-    std::string id = "rId" + std::to_string(i + 7);
-    types += "<Override PartName=\"/" + sheets[i].part +
-             "\" ContentType=\"application/"
-             "vnd.openxmlformats-officedocument.spreadsheetml.worksheet+xml\"/>";
     workbook += "<sheet name=\"" + sheets[i].name + "\" sheetId=\"" + std::to_string(i + 1) +
                 "\" r:id=\"" + id + "\"/>";
     rels += "<Relationship Id=\"" + id + "\" Type=\"" + rel + "/worksheet\" Target=\"" +
             sheets[i].target + "\"/>";
   }
+  workbook += "</sheets>";
+  if (!definedNames.empty()) {
+    workbook += "<definedNames>" + std::string(definedNames) + "</definedNames>";
+  }
+  if (!sharedStrings.empty()) {
+    types += "<Override PartName=\"/xl/sharedStrings.xml\" ContentType=\"" + type +
+             "sharedStrings+xml\"/>";
+    rels += "<Relationship Id=\"rIdS\" Type=\"" + rel +
+            "/sharedStrings\" Target=\"sharedStrings.xml\"/>";
+    std::string table = "<?xml version=\"1.0\" encoding=\"UTF-8\"?><sst xmlns=\"" + main + "\">";
+    for (const auto& text : sharedStrings) table += "<si><t>" + text + "</t></si>";
+    zip.add("xl/sharedStrings.xml", table + "</sst>");
+  }
   zip.add("[Content_Types].xml", types + "</Types>")
-      .add("_rels/.rels",
-           "<?xml version=\"1.0\"?><Relationships "
-           "xmlns=\"http://schemas.openxmlformats.org/package/2006/relationships\">"
-           "<Relationship Id=\"rId1\" Type=\"" +
-               rel + "/officeDocument\" Target=\"xl/workbook.xml\"/></Relationships>")
-      .add("xl/workbook.xml", workbook + "</sheets></workbook>")
+      .add("_rels/.rels", "<?xml version=\"1.0\" encoding=\"UTF-8\"?><Relationships xmlns=\"" +
+                              pkg + "\"><Relationship Id=\"rId1\" Type=\"" + rel +
+                              "/officeDocument\" Target=\"xl/workbook.xml\"/></Relationships>")
+      .add("xl/workbook.xml", workbook + "</workbook>")
       .add("xl/_rels/workbook.xml.rels", rels + "</Relationships>");
   for (const XlsxSheetPart& s : sheets) {
-    bool whole = s.content.rfind("<?xml", 0) == 0;
+    const bool whole = s.content.rfind("<?xml", 0) == 0;
     zip.add(s.part, whole ? s.content
-                          : "<?xml version=\"1.0\"?><worksheet xmlns=\"" + main + "\"><sheetData>" +
-                                s.content + "</sheetData></worksheet>");
+                          : "<?xml version=\"1.0\" encoding=\"UTF-8\"?><worksheet xmlns=\"" +
+                                main + "\"><sheetData>" + s.content + "</sheetData></worksheet>");
   }
   return zip.bytes();
+}
+
+}  // namespace
+
+std::string xlsxFile(const std::vector<std::pair<std::string, std::string>>& sheets,
+                     const std::vector<std::string>& sharedStrings, std::string_view definedNames) {
+  std::vector<XlsxSheetPart> parts;
+  for (size_t i = 0; i < sheets.size(); ++i) {
+    const std::string file = "worksheets/sheet" + std::to_string(i + 1) + ".xml";
+    parts.push_back({sheets[i].first, "xl/" + file, file, sheets[i].second});
+  }
+  return xlsxArchive(parts, sharedStrings, definedNames);
+}
+
+std::string xlsxPackage(const std::vector<XlsxSheetPart>& sheets) {
+  return xlsxArchive(sheets, {}, {});
 }
 
 void writeFile(const std::string& path, std::string_view bytes) {
