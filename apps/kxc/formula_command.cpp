@@ -9,15 +9,16 @@
 #include "command_registry.h"
 #include "engine/cache_engine.h"
 #include "engine/engine_object.h"
-#include "facade/tm_globals.h"
-#include "formula/cache_formula_json.h"
-#include "formula/parse_formula.h"
-#include "formula/write_cache_formula.h"
-#include "host/tm_excel.h"
+#include "grammar/cache_formula_json.h"
+#include "grammar/parse_formula.h"
+#include "grammar/write_cache_formula.h"
 #include "platform/dispatch.h"
 #include "platform/runtime_error.h"
 #include "platform/services.h"
 #include "platform/workbook/in_memory_application.h"
+#include "state/add_in_context.h"
+#include "state/tm_excel.h"
+#include "state/tm_globals.h"
 
 namespace kxc::cli {
 namespace {
@@ -174,7 +175,9 @@ int run(const std::vector<std::string>& args) {
     return 2;
   }
   auto console = std::make_shared<ConsoleServices>();
-  auto previous = setServices(console);
+  AddInContext::Setup setup;
+  setup.services = console;
+  AddInContext context(std::move(setup));
   int rc = 2;
   try {
     if (o.words[0] == "parse") {
@@ -188,8 +191,6 @@ int run(const std::vector<std::string>& args) {
     std::fprintf(stderr, "kxc formula: %s\n", e.description().c_str());
     rc = 2;
   }
-  resetGlobals();
-  setServices(previous);
   return rc;
 }
 

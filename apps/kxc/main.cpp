@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "command_registry.h"
-#include "version.h"
+#include "facade/version.h"
 
 namespace kxc::cli {
 

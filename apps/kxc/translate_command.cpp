@@ -13,6 +13,7 @@
 #include "platform/settings/file_settings_store.h"
 #include "platform/text_rules.h"
 #include "platform/tm_win_reg.h"
+#include "state/add_in_context.h"
 
 namespace kxc::cli {
 namespace {
@@ -78,8 +79,10 @@ int run(const std::vector<std::string>& args) {
     overlay->writeValue(SettingsRoot::User, kCacheSettingsKey, "CurrentLanguage",
                         std::to_string(*language));
   }
-  auto previousStore = setSettingsStore(overlay);
-  auto previousOpener = setCatalogueOpener(openCatalogueFile);
+  AddInContext::Setup setup;
+  setup.settings = overlay;
+  setup.catalogues = openCatalogueFile;
+  AddInContext context(std::move(setup));
   int status = 0;
   {
     Language lang;
@@ -98,8 +101,6 @@ int run(const std::vector<std::string>& args) {
     std::string text = lang.TransMesPlus(words[0], params[0], params[1], params[2], params[3]);
     std::printf("%s\n", text.c_str());
   }
-  setCatalogueOpener(previousOpener);
-  setSettingsStore(previousStore);
   return status;
 }
 

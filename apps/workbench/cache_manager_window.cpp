@@ -6,19 +6,19 @@
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QInputDialog>
+#include <QLocale>
 #include <QProgressDialog>
 #include <QPushButton>
 #include <QTableWidget>
-#include <QLocale>
 #include <QVBoxLayout>
 
-#include "facade/tm_globals.h"
 #include "language/language.h"
 #include "platform/error_report.h"
 #include "platform/qt/caption_text.h"
 #include "platform/qt/qt_text.h"
 #include "platform/runtime_error.h"
 #include "platform/services.h"
+#include "state/tm_globals.h"
 #include "translated_text.h"
 
 namespace kxc::workbench {
@@ -66,8 +66,8 @@ CacheManagerWindow::CacheManagerWindow(ObjectRef engine, CsvImport import, QWidg
 
 void CacheManagerWindow::retranslate() {
   setWindowTitle(qt::windowTitleText(qt::plainCaptionText(textOf("@KES_CACHE_MAN"))));
-  table_->setHorizontalHeaderLabels(
-      {textOf("@NAME"), textOf("@KCUBE_DIMENS"), textOf("@MGR_MEASURES"), textOf("@MGR_TRANSACTIONS")});
+  table_->setHorizontalHeaderLabels({textOf("@NAME"), textOf("@KCUBE_DIMENS"),
+                                     textOf("@MGR_MEASURES"), textOf("@MGR_TRANSACTIONS")});
   importButton_->setText(textOf("@MGR_IMPORT&"));
   closeButton_->setText(textOf("@CLOSE&"));
 }
@@ -98,8 +98,9 @@ void CacheManagerWindow::chooseAndImport() {
                                                     "CSV (*.csv);;* (*)");
   if (file.isEmpty()) return;
   bool ok = false;
-  const QString name = QInputDialog::getText(this, textOf("@MGR_IMPORT&").remove('&'), textOf("@NAME"),
-                                             QLineEdit::Normal, QFileInfo(file).baseName(), &ok);
+  const QString name =
+      QInputDialog::getText(this, textOf("@MGR_IMPORT&").remove('&'), textOf("@NAME"),
+                            QLineEdit::Normal, QFileInfo(file).baseName(), &ok);
   if (!ok || name.trimmed().isEmpty()) return;
   importFile(qt::fromQString(file), qt::fromQString(name.trimmed()));
 }

@@ -1,8 +1,8 @@
 #include "form_views.h"
 
-#include "dialogs/frm_cache_formula.h"
 #include "dialogs/transactions_form.h"
-#include "formula/show_lookup.h"
+#include "flows/formula_builder.h"
+#include "flows/show_lookup.h"
 #include "platform/qt/qt_modal_loop.h"
 
 namespace kxc::workbench {

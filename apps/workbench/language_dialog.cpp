@@ -6,11 +6,11 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "facade/tm_globals.h"
 #include "language/language.h"
 #include "platform/error_report.h"
 #include "platform/qt/caption_text.h"
 #include "platform/qt/qt_text.h"
+#include "state/tm_globals.h"
 #include "translated_text.h"
 
 namespace kxc::workbench {

@@ -14,7 +14,6 @@
 #include <filesystem>
 
 #include "command_bar_menus.h"
-#include "facade/tm_globals.h"
 #include "formula_bar.h"
 #include "language/language.h"
 #include "language_dialog.h"
@@ -24,9 +23,10 @@
 #include "platform/services.h"
 #include "sheet_model.h"
 #include "sheet_view.h"
-#include "workbench_session.h"
+#include "state/tm_globals.h"
 #include "translated_text.h"
 #include "unsaved_changes.h"
+#include "workbench_session.h"
 #include "workbook_files.h"
 
 namespace kxc::workbench {
@@ -204,7 +204,8 @@ void MainWindow::updateStatus() {
   std::string address;
   ignoringErrors([&] { address = session_.app().selectionAddress(); });
   if (!address.empty()) text += "    " + qt::toQString(address);
-  if (session_.writeBackOn()) text += "    " + qt::plainCaptionText(textOf("@WB_WRITE_BACK&")) + " \u2713";
+  if (session_.writeBackOn())
+    text += "    " + qt::plainCaptionText(textOf("@WB_WRITE_BACK&")) + " \u2713";
   status_->setText(text);
 }
 
@@ -303,7 +304,8 @@ bool MainWindow::saveWorkbook(const std::string& workbook) {
 }
 
 bool MainWindow::saveWorkbookWithDialog(const std::string& workbook) {
-  // A workbook opened from "Book1.xlsx" is offered as "Book1.xlsx", the sample as "Sample Report.xlsx".
+  // A workbook opened from "Book1.xlsx" is offered as "Book1.xlsx", the sample as "Sample
+  // Report.xlsx".
   QString suggested = qt::toQString(workbook);
   if (!suggested.endsWith(".xlsx", Qt::CaseInsensitive)) suggested += ".xlsx";
   QString path = QFileDialog::getSaveFileName(

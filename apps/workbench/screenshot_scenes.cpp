@@ -2,12 +2,12 @@
 
 #include <QTimer>
 
-#include "dialogs/frm_cache_formula.h"
 #include "dialogs/transactions_form.h"
-#include "facade/tm_globals.h"
-#include "formula/show_lookup.h"
+#include "flows/formula_builder.h"
+#include "flows/show_lookup.h"
 #include "platform/error_report.h"
 #include "sample_report.h"
+#include "state/tm_globals.h"
 #include "workbench_session.h"
 
 namespace kxc::workbench {
@@ -52,7 +52,7 @@ void closeSceneDialogs() {
   });
   ignoringErrors([] { frmTransactions().form().hide(); });
   ignoringErrors([] {
-    if (frmCacheFormulaExists()) frmCacheFormula().form().hide();
+    if (AddInContext::current().find<FrmCacheFormula>()) frmCacheFormula().form().hide();
   });
 }
 

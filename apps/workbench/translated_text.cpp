@@ -2,10 +2,10 @@
 
 #include <string>
 
-#include "facade/tm_globals.h"
 #include "language/language.h"
 #include "platform/error_report.h"
 #include "platform/qt/qt_text.h"
+#include "state/tm_globals.h"
 
 namespace kxc::workbench {
 

@@ -3,14 +3,11 @@
 #include <QPointer>
 
 #include "cache_manager_window.h"
-#include "dialogs/transactions_form.h"
 #include "engine/cache_function.h"
 #include "engine/engine_registration.h"
 #include "engine/manager_object.h"
 #include "facade/add_in_setup.h"
-#include "facade/tm_globals.h"
 #include "form_views.h"
-#include "formula/formula_flows.h"
 #include "platform/catalogue/catalogue_reader.h"
 #include "platform/catalogue_table.h"
 #include "platform/error_report.h"
@@ -19,51 +16,57 @@
 #include "platform/settings/file_settings_store.h"
 #include "platform/settings_store.h"
 #include "platform/tm_win_reg.h"
+#include "state/tm_globals.h"
 
 namespace kxc::workbench {
 
-// What the session replaced process-wide, put back when it ends.
-struct WorkbenchSession::Restore {
-  std::shared_ptr<SettingsStore> settings;
-  CatalogueOpener opener;
-  std::shared_ptr<Services> services;
+namespace {
+
+AddInContext::Setup sessionSetup(std::shared_ptr<Services> services) {
+  AddInContext::Setup setup;
+  setup.services = services ? std::move(services) : std::make_shared<qt::QtServices>();
+  setup.settings = FileSettingsStore::fromEnvironment();
+  setup.catalogues = openCatalogueFile;
+  return setup;
+}
+
+}  // namespace
+
+// The windows the session opens itself; Qt may delete them first, hence the guarded pointer.
+struct WorkbenchSession::Windows {
   QPointer<CacheManagerWindow> managerWindow;
 };
 
 WorkbenchSession::WorkbenchSession(engine::EngineOptions options,
                                    std::shared_ptr<Services> services)
-    : restore_(std::make_unique<Restore>()) {
-  restore_->settings = setSettingsStore(FileSettingsStore::fromEnvironment());
+    : context_(sessionSetup(std::move(services))), windows_(std::make_unique<Windows>()) {
   // The add-in only writes into an existing settings key (an installation makes it); on a fresh
   // account the workbench makes it, or the chosen language would not be kept.
   CreateRegKey(HKEY_CURRENT_USER, "Software\\", "Kestra\\Cache");
-  restore_->opener = setCatalogueOpener(openCatalogueFile);
-  if (!services) services = std::make_shared<qt::QtServices>();
-  restore_->services = setServices(std::move(services));
+  installAddIn(context_);
   views_ = std::make_unique<FormViews>();
   views_->installModalLoop();
 
-  core_ = engine::registerEngineObjects(ObjectFactory::instance(), std::move(options));
+  core_ = engine::registerEngineObjects(context_.objects(), std::move(options));
   reportingErrors("Workbench Start", [&] { engine_ = createObject(engine::kEngineProgId); });
   app_ = workbook::InMemoryApplication::create(kWorkbenchCaption);
   if (engine_) engine::registerCacheFunction(*app_, engine_);
 
   engine::setManagerWindowOpener([this](ObjectRef engine) {
-    Restore& r = *restore_;
-    if (!r.managerWindow) {
-      r.managerWindow = new CacheManagerWindow(
+    Windows& w = *windows_;
+    if (!w.managerWindow) {
+      w.managerWindow = new CacheManagerWindow(
           std::move(engine), [this](const std::string& file, const std::string& name,
                                     const engine::ImportProgress& progress) {
             return importCsv(file, name, progress);
           });
     }
-    r.managerWindow->refresh();
-    r.managerWindow->show();
-    r.managerWindow->raise();
-    r.managerWindow->activateWindow();
+    w.managerWindow->refresh();
+    w.managerWindow->show();
+    w.managerWindow->raise();
+    w.managerWindow->activateWindow();
   });
 
-  installAddIn();
   host::ApplicationRef host = app_;
   ObjectRef engine = engine_;
   ui_.Initialise(host, engine);
@@ -78,17 +81,9 @@ WorkbenchSession::~WorkbenchSession() {
   ignoringErrors([&] { app_->uninstallAddin(kAddInWorkbook); });
   ui_.Shutdown();
   engine::setManagerWindowOpener(nullptr);
-  delete restore_->managerWindow.data();
+  delete windows_->managerWindow.data();
   views_.reset();
-  releaseFormulaDialogs();
-  releaseFrmTransactions();
-  resetGlobals();
   engine_.reset();
-  ObjectFactory::instance().unregister(engine::kEngineProgId);
-  ObjectFactory::instance().unregister(engine::kManagerProgId);
-  setServices(restore_->services);
-  setCatalogueOpener(restore_->opener);
-  setSettingsStore(restore_->settings);
 }
 
 void WorkbenchSession::prepareCaches() {

@@ -14,6 +14,7 @@
 #include "platform/dispatch.h"
 #include "platform/services.h"
 #include "platform/workbook/in_memory_application.h"
+#include "state/add_in_context.h"
 
 namespace kxc::workbench {
 
@@ -22,14 +23,14 @@ class FormViews;
 inline constexpr const char* kWorkbenchCaption = "Kestra Workbench";
 inline constexpr const char* kAddInWorkbook = "Kestra Cache.xla";
 
-// Made once per run after the QApplication. The constructor: file-backed settings and the
-// catalogue reader, the Qt services and modal loop, the engine objects registered under their
-// ProgIDs (the database opens on first use), the engine created by ProgID, the in-memory
-// application, BV_KXCSUM, the add-in's hooks, CacheUI::Initialise, the add-in's menus on bar 1
-// and the "Cell" bar, and the command handler. The destructor uninstalls the add-in workbook
-// (its menus go), calls Shutdown and releases the dialogs and globals, restoring the
-// process-wide services it replaced. Failures while wiring are reported through the services
-// and leave that part out; nothing throws. User-interface thread only; one session at a time.
+// Made once per run after the QApplication. The constructor makes the add-in context (file-backed
+// settings, the catalogue reader, the Qt services and modal loop), registers the engine objects
+// under their ProgIDs (the database opens on first use), creates the engine by ProgID, the
+// in-memory application, BV_KXCSUM, installs the add-in, calls CacheUI::Initialise, puts the
+// add-in's menus on bar 1 and the "Cell" bar, and sets the command handler. The destructor
+// uninstalls the add-in workbook (its menus go), calls Shutdown and ends the context, which
+// releases the dialogs and globals. Failures while wiring are reported through the services and
+// leave that part out; nothing throws. User-interface thread only; one session at a time.
 class WorkbenchSession {
  public:
   // `services` replaces the Qt services (tests pass recording ones); null installs QtServices.
@@ -67,8 +68,9 @@ class WorkbenchSession {
                     const engine::ImportProgress& progress);
 
  private:
-  struct Restore;
-  std::unique_ptr<Restore> restore_;
+  struct Windows;
+  AddInContext context_;  // first made, last ended
+  std::unique_ptr<Windows> windows_;
   std::shared_ptr<engine::CacheEngine> core_;
   ObjectRef engine_;
   std::shared_ptr<workbook::InMemoryApplication> app_;

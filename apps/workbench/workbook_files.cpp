@@ -2,21 +2,15 @@
 
 #include <filesystem>
 
-#include "facade/tm_globals.h"
 #include "language/language.h"
 #include "platform/error_report.h"
-
-#ifdef KXC_HAVE_FILEIO
 #include "platform/fileio/workbook_loader.h"
 #include "platform/fileio/xlsx_saver.h"
-#define KXC_WORKBENCH_FILES 1
-#endif
+#include "state/tm_globals.h"
 
 namespace kxc::workbench {
 
 namespace {
-
-constexpr const char* kNotBuilt = "this build cannot read or write spreadsheet files";
 
 template <typename Result>
 FileOutcome outcomeOf(const Result& result, const char* key, const std::string& path) {
@@ -40,31 +34,15 @@ std::string fileFailureMessage(const std::string& key, const std::string& path,
 }
 
 FileOutcome openWorkbookFile(workbook::InMemoryApplication& app, const std::string& path) {
-#ifdef KXC_WORKBENCH_FILES
-  fileio::LoadResult result;
-  result = fileio::loadWorkbook(app, path);
+  fileio::LoadResult result = fileio::loadWorkbook(app, path);
   FileOutcome outcome = outcomeOf(result, "@WB_OPEN_FAILED", path);
   outcome.workbookName = result.workbookName;
   return outcome;
-#else
-  (void)app;
-  FileOutcome outcome;
-  outcome.message = fileFailureMessage("@WB_OPEN_FAILED", path, kNotBuilt);
-  return outcome;
-#endif
 }
 
 FileOutcome saveWorkbookFile(const workbook::InMemoryApplication& app,
                              const std::string& workbookName, const std::string& path) {
-#ifdef KXC_WORKBENCH_FILES
   return outcomeOf(fileio::saveWorkbookXlsx(app, workbookName, path), "@WB_SAVE_FAILED", path);
-#else
-  (void)app;
-  (void)workbookName;
-  FileOutcome outcome;
-  outcome.message = fileFailureMessage("@WB_SAVE_FAILED", path, kNotBuilt);
-  return outcome;
-#endif
 }
 
 }  // namespace kxc::workbench

@@ -2,15 +2,12 @@
 
 #include "dialogs/frm_cache_formula_sink.h"
 #include "dialogs/reference_toggle.h"
-#include "dialogs/tm_drilldown.h"
-#include "facade/engine_contract.h"
-#include "facade/tm_globals.h"
-#include "formula/flow_translation.h"
-#include "formula/formula_builder_port.h"
-#include "formula/write_cache_formula.h"
-#include "host/tm_excel.h"
+#include "grammar/write_cache_formula.h"
 #include "platform/error_report.h"
 #include "platform/object_factory.h"
+#include "state/tm_excel.h"
+#include "state/tm_globals.h"
+#include "state/translation.h"
 
 namespace kxc {
 
@@ -18,18 +15,6 @@ namespace {
 
 constexpr const char* kNoCacheMessage = "Invalid value. Please select a valid cache.";
 constexpr const char* kNoMeasureMessage = "Invalid value. Please select a valid measure.";
-
-// What WriteCacheFormula asks of the builder, answered by the process's instance.
-class BuilderPort : public FormulaBuilderPort {
- public:
-  bool Cancelled() const override { return frmCacheFormula().Cancelled(); }
-  void Unload() override { frmCacheFormula().form().unload(); }
-};
-
-std::unique_ptr<FrmCacheFormula>& builderInstance() {
-  static std::unique_ptr<FrmCacheFormula> instance;
-  return instance;
-}
 
 // Sets a caption from a translation key, ignoring failures as the load handler does.
 template <class Target>
@@ -128,8 +113,6 @@ void FrmCacheFormula::wireEvents() {
   form_.onQueryUnload = [this](int& cancel, int mode) { Form_QueryUnload(cancel, mode); };
   form_.onUnload = [this](int&) { Form_Unload(); };
 
-  c_.cmdCache->onClick = [this] { cmdCache_Click(); };
-  c_.cmdMeasureIndex->onClick = [this] { cmdMeasureIndex_Click(); };
   c_.txtCache->onChange = [this] { txtCache_Change(); };
   c_.txtMeasureIndex->onChange = [this] { txtMeasureIndex_Change(); };
   for (controls::TextBox* box : {c_.txtCache, c_.txtMeasureIndex, c_.txtDimensions}) {
@@ -137,16 +120,11 @@ void FrmCacheFormula::wireEvents() {
   }
 
   c_.lvDimensions->onItemClick = [this](controls::ListItem item) { lvDimensions_ItemClick(item); };
-  c_.lvDimensions->onDblClick = [this] { ignoringErrors([&] { chooseDimensionMember(); }); };
   c_.lvDimensions->onClick = [this] { ignoringErrors([&] { c_.txtDimensions->setFocus(); }); };
-  c_.cmdDimension->onClick = [this] { cmdDimension_Click(); };
-  c_.txtDimensions->onChange = [this] { txtDimensions_Change(); };
 
   c_.cmdOk->onClick = [this] { cmdOk_Click(); };
   c_.cmdCancel->onClick = [this] { cmdCancel_Click(); };
   c_.FilemnuExit->onClick = [this] { cmdCancel_Click(); };
-  c_.FilemnuCachMan->onClick = [this] { PopUpMenuClick("Manager"); };
-  c_.FilemnuCachTransDrill->onClick = [this] { PopUpMenuClick("TransDrill"); };
   c_.AboutmnuHelp->onClick = [this] { AboutmnuHelp_Click(); };
 }
 
@@ -223,13 +201,15 @@ void FrmCacheFormula::cmdOk_Click() {
     // not know the typed cache must not keep the formula from being written.
     ignoringErrors([&] { refillDimensionGrid(); });
     form_.unload();
-    WriteCacheFormula();
+    WriteCacheFormula(cancelled_);
   });
 }
 
+// Cancelling unloads the form before WriteCacheFormula forgets the cell.
 void FrmCacheFormula::cmdCancel_Click() {
   cancelled_ = true;
-  ignoringErrors([] { WriteCacheFormula(); });
+  ignoringErrors([&] { form_.unload(); });
+  ignoringErrors([&] { WriteCacheFormula(cancelled_); });
 }
 
 void FrmCacheFormula::AboutmnuHelp_Click() {
@@ -239,37 +219,6 @@ void FrmCacheFormula::AboutmnuHelp_Click() {
   });
   if (shown) return;
   ignoringErrors([] { services().openWithDesktop(libraryFolder() + "/" + kHelpFileName); });
-}
-
-void FrmCacheFormula::PopUpMenuClick(const std::string& command) {
-  reportingErrors("PopUpMenuClick - FrmCacheFormula", [&] {
-    if (command == "Manager") {
-      cacheManager().Window(byRef(gCacheEngine));
-    } else if (command == "TransDrill") {
-      form_.setMousePointer(controls::kPointerHourglass);
-      DrilldownClear();
-      DrilldownAddCriteria();
-      ExecutePopulateTrans();
-      form_.setMousePointer(controls::kPointerDefault);
-    }
-  });
-}
-
-FrmCacheFormula& frmCacheFormula() {
-  std::unique_ptr<FrmCacheFormula>& instance = builderInstance();
-  if (!instance) {
-    instance = std::make_unique<FrmCacheFormula>();
-    if (!formulaBuilder()) setFormulaBuilder(std::make_shared<BuilderPort>());
-  }
-  return *instance;
-}
-
-bool frmCacheFormulaExists() { return builderInstance() != nullptr; }
-
-void releaseFrmCacheFormula() { builderInstance().reset(); }
-
-std::shared_ptr<FormulaBuilderPort> cacheFormulaBuilderPort() {
-  return std::make_shared<BuilderPort>();
 }
 
 }  // namespace kxc

@@ -1,12 +1,12 @@
 // frmCacheFormula: the formula builder dialog on the control model: its controls and menus, its
-// two fields, and the handlers of its buttons, text boxes, dimension grid, menus and cell
-// capture.
+// two fields, and the behaviour it has on its own: loading, captions, typing, colouring,
+// reference toggling, cell capture, confirming and cancelling, help. What its lookup buttons,
+// dimension editor and menu commands do runs in the flows (flows/formula_builder.h).
 #pragma once
 
 #include <memory>
 #include <string>
 
-#include "formula/formula_builder_port.h"
 #include "platform/controls/command_button.h"
 #include "platform/controls/form.h"
 #include "platform/controls/frame.h"
@@ -26,8 +26,9 @@ inline constexpr const char* kHelpFileName = "mod_KXC.chm";
 
 // The dialog in which the user composes one cache formula. Everything the user chooses lives in
 // gCurrentFormula; the dialog itself keeps only Cancelled and the owner it had before the edit
-// flow re-parented it. The process has one instance (frmCacheFormula()); the formula edit flow
-// loads it, fills it and shows it modeless, and every close path ends in WriteCacheFormula.
+// flow re-parented it. The add-in context has one instance (frmCacheFormula()); the formula edit
+// flow loads it, fills it and shows it modeless, and every close path ends in
+// WriteCacheFormula.
 //
 // Controls are built at construction with the names a view lays them out by; their design
 // state (empty texts, white boxes, everything enabled, no grid rows) is restored whenever the
@@ -35,9 +36,7 @@ inline constexpr const char* kHelpFileName = "mod_KXC.chm";
 // (held by gExcelSink) and writes a reference to the clicked cell into its focused text box.
 //
 // Handlers never raise: they report errors with their location strings ("Txt Cache OnChange",
-// "Txt Measure OnChange", "frmCacheFormula CmdOk", "frmCacheFormula CmdMeasureIndex",
-// "PopUpMenuClick - FrmCacheFormula", "clsBvCubeQueryUI Initialise" for cmdCache,
-// "Cmd Dimension Click", "Txt Dimensions OnChange") or ignore them as each handler's comment
+// "Txt Measure OnChange", "frmCacheFormula CmdOk") or ignore them as each handler's comment
 // says. User-interface thread only.
 class FrmCacheFormula {
  public:
@@ -82,14 +81,14 @@ class FrmCacheFormula {
   // given back when the form unloads.
   void OriginOwnerHwnd(WindowHandle owner) { originOwner_ = owner; }
 
-  // Runs a menu command: "Manager" opens the engine's cache manager window, "TransDrill" the
-  // transaction drill-down of gCurrentFormula; any other word does nothing. Errors are
-  // reported as "PopUpMenuClick - FrmCacheFormula".
-  void PopUpMenuClick(const std::string& command);
+  // True while the controls return to their design state; change handlers stay quiet then.
+  bool resetting() const { return resetting_; }
 
   // The dimension grid's row `row` (1-based) shown again from gCurrentFormula: its filter and
   // resolved value. Rows the grid does not have are left alone; raises what the host raises.
   void refreshDimensionRow(int32_t row);
+  // The whole grid refilled from gCurrentFormula for its resolved cache.
+  void refillDimensionGrid();
 
  private:
   class SelectionSink;
@@ -134,19 +133,13 @@ class FrmCacheFormula {
   void AboutmnuHelp_Click();
   void setCaptions();
 
-  // Cache and measure (frm_cache_formula_choices.cpp).
-  void cmdCache_Click();
-  void cmdMeasureIndex_Click();
+  // Typing the cache and the measure (frm_cache_formula_typing.cpp).
   void txtCache_Change();
   void txtMeasureIndex_Change();
 
   // Dimension grid (frm_cache_formula_dimensions.cpp).
   void lvDimensions_ItemClick(controls::ListItem item);
-  void chooseDimensionMember();
-  void cmdDimension_Click();
-  void txtDimensions_Change();
   void layOutDimensionColumns();
-  void refillDimensionGrid();
 
   // Cell capture (frm_cache_formula_capture.cpp).
   void lExcel_SheetSelectionChange(const host::RangeRef& target);
@@ -159,18 +152,5 @@ class FrmCacheFormula {
   std::shared_ptr<SelectionSink> sink_;
   host::EventHookup lExcel_;
 };
-
-// The port through which WriteCacheFormula asks the process's builder whether it was cancelled
-// and unloads it.
-std::shared_ptr<FormulaBuilderPort> cacheFormulaBuilderPort();
-
-// The process's one builder, created on first use (installing cacheFormulaBuilderPort() as the
-// formula builder when none is installed yet).
-FrmCacheFormula& frmCacheFormula();
-// True once the builder exists (it is never created just to be asked).
-bool frmCacheFormulaExists();
-// Destroys the builder (its form is unloaded without events); the next use creates a fresh
-// one. For program end and tests.
-void releaseFrmCacheFormula();
 
 }  // namespace kxc

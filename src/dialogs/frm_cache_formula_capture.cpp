@@ -1,11 +1,11 @@
 #include "dialogs/cell_capture.h"
 #include "dialogs/frm_cache_formula.h"
 #include "dialogs/frm_cache_formula_sink.h"
-#include "facade/tm_globals.h"
 #include "platform/error_report.h"
 #include "platform/host/worksheet.h"
 #include "platform/runtime_error.h"
 #include "platform/text_rules.h"
+#include "state/tm_globals.h"
 
 namespace kxc {
 

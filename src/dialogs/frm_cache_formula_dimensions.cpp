@@ -1,13 +1,10 @@
+#include "dialogs/builder_grid.h"
 #include "dialogs/frm_cache_formula.h"
 #include "dialogs/text_colouring.h"
-#include "facade/engine_contract.h"
-#include "facade/tm_globals.h"
-#include "formula/flow_translation.h"
-#include "formula/formula_dialog_fill.h"
-#include "formula/resolve_argument.h"
-#include "formula/show_formula_value.h"
-#include "formula/show_lookup.h"
+#include "grammar/resolve_argument.h"
 #include "platform/error_report.h"
+#include "state/tm_globals.h"
+#include "state/translation.h"
 
 namespace kxc {
 
@@ -29,7 +26,7 @@ void FrmCacheFormula::refreshDimensionRow(int32_t row) {
 }
 
 void FrmCacheFormula::refillDimensionGrid() {
-  fillDimensionRows(ResolveArgument(gCurrentFormula.Cache));
+  fillDimensionRows(*c_.lvDimensions, ResolveArgument(gCurrentFormula.Cache));
 }
 
 void FrmCacheFormula::lvDimensions_ItemClick(controls::ListItem item) {
@@ -38,46 +35,6 @@ void FrmCacheFormula::lvDimensions_ItemClick(controls::ListItem item) {
     c_.lblDimensionsVal->setCaption(item.subItem(2));
     c_.txtDimensions->setText(item.subItem(1));
     c_.txtDimensions->setFocus();
-    recolour(c_.txtDimensions);
-  });
-}
-
-void FrmCacheFormula::chooseDimensionMember() {
-  int32_t dimension = c_.lvDimensions->selectedItem().index();
-  if (LookupDimension(dimension) == -1) return;
-  c_.txtDimensions->setFocus();
-  // LookupDimension stored the chosen members as the dimension's argument; the editor and the
-  // row show them from there.
-  c_.txtDimensions->setText(gCurrentFormula.Dims(dimension));
-  refreshDimensionRow(dimension);
-  ShowFormulaValue();
-}
-
-void FrmCacheFormula::cmdDimension_Click() {
-  reportingErrors("Cmd Dimension Click", [&] { chooseDimensionMember(); });
-}
-
-void FrmCacheFormula::txtDimensions_Change() {
-  if (resetting_) return;
-  int32_t row = 0;
-  if (!ignoringErrors([&] { row = c_.lvDimensions->selectedItem().index(); })) return;
-  reportingErrors("Txt Dimensions OnChange", [&] {
-    CacheFormula& f = gCurrentFormula;
-    const int32_t cacheDimensions =
-        cacheEngine().DimensionCount(byVal(ResolveArgument(f.Cache))).toInt32();
-    if (cacheDimensions > f.DimCount) {
-      f.DimCount = cacheDimensions;
-      f.redimDimsPreserve(cacheDimensions);
-    }
-    const std::string text = c_.txtDimensions->text();
-    const std::string value = ResolveArgument(text);
-    controls::ListItem item = c_.lvDimensions->listItems().item(row);
-    item.setSubItem(1, text);
-    item.setSubItem(2, value);
-    c_.lblDimensionsVal->setCaption(value);
-    f.Dims(row) = text;
-    refreshDimensionRow(row);
-    ShowFormulaValue();
     recolour(c_.txtDimensions);
   });
 }

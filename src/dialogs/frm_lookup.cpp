@@ -47,6 +47,7 @@ FrmLookup::FrmLookup(FormTranslator& translator, std::string& lookupSelection)
 void FrmLookup::load() {
   selectedIndex_ = 0;
   singleMode_ = false;
+  chosenSelection_ = lookupSelection_;
   ignoringErrors([&] { translator_.translateForm(form_); });
   ignoringErrors([&] { copyColumn_.setCaption(translator_.transMes("@COPY_ACRS_COLS")); });
   ignoringErrors([&] { copyRow_.setCaption(translator_.transMes("@COPY_DWN_ROWS")); });
@@ -57,7 +58,8 @@ void FrmLookup::confirm() {
   ignoringErrors([&] {
     std::string first, last;
     bool isRange = false;
-    lookupSelection_ = MultipleSelectGet(first, last, singleMode_, isRange);
+    chosenSelection_ = MultipleSelectGet(first, last, singleMode_, isRange);
+    lookupSelection_ = chosenSelection_;
   });
   ignoringErrors([&] { selectedIndex_ = lvList_.selectedItem().index(); });
   ignoringErrors([&] { form_.hide(); });

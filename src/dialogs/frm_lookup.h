@@ -6,18 +6,19 @@
 #include <string>
 #include <string_view>
 
-#include "dialogs/form_translator.h"
 #include "platform/controls/command_button.h"
 #include "platform/controls/form.h"
 #include "platform/controls/list_view.h"
 #include "platform/controls/menu.h"
 #include "platform/variant.h"
+#include "state/translation.h"
 
 namespace kxc {
 
 // Each use: load the form, fill lvList, SetLvHeaders, ListVSingleMode (and the list's own
-// multiple-selection switch), MultipleSelectSet, show modally, then read SelectedIndex and the
-// selection text left in the lookup selection (gLookupSelection).
+// multiple-selection switch), MultipleSelectSet, show modally, then read SelectedIndex and
+// ChosenSelection. The dialog also leaves the selection text in the lookup selection it was
+// given (gLookupSelection), the side record other parts read.
 //
 // Events: load translates the form and the popup captions and resets SelectedIndex to 0 and
 // ListVSingleMode to false; activate focuses lvList; cmdOk and a double-click on lvList store
@@ -42,6 +43,9 @@ class FrmLookup {
 
   // The row chosen by OK or double-click (1-based), -1 after Cancel, 0 after load.
   int32_t SelectedIndex() const { return selectedIndex_; }
+  // The selection text stored by the last OK or double-click; after a load without one, the
+  // lookup selection as it stood when the form loaded.
+  const std::string& ChosenSelection() const { return chosenSelection_; }
 
   // Converts the text by the text-to-boolean rule (true and false in any letter case, or a
   // number, non-zero being true) and stores it; any other text raises 13 "Type mismatch".
@@ -68,6 +72,7 @@ class FrmLookup {
 
   FormTranslator& translator_;
   std::string& lookupSelection_;
+  std::string chosenSelection_;
   controls::Form form_{"frmLookup"};
   controls::ListView& lvList_;
   controls::CommandButton& cmdOk_;

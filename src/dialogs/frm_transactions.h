@@ -5,12 +5,12 @@
 #include <cstdint>
 #include <string_view>
 
-#include "dialogs/form_translator.h"
 #include "platform/controls/command_button.h"
 #include "platform/controls/form.h"
 #include "platform/controls/grid.h"
 #include "platform/controls/menu.h"
 #include "platform/dispatch.h"
+#include "state/translation.h"
 
 namespace kxc {
 

@@ -3,11 +3,11 @@
 #include <array>
 #include <utility>
 
-#include "facade/tm_globals.h"
-#include "host/tm_excel.h"
 #include "platform/controls/input_codes.h"
 #include "platform/error_report.h"
 #include "platform/runtime_error.h"
+#include "state/tm_excel.h"
+#include "state/tm_globals.h"
 
 namespace kxc {
 

@@ -1,7 +1,7 @@
 #include "dialogs/text_colouring.h"
 
-#include "facade/tm_globals.h"
-#include "host/tm_excel.h"
+#include "state/tm_excel.h"
+#include "state/tm_globals.h"
 
 namespace kxc {
 

@@ -1,15 +1,11 @@
 #include "dialogs/transactions_form.h"
 
-#include "facade/language_translator.h"
+#include "state/add_in_context.h"
+#include "state/translation.h"
 
 namespace kxc {
 
 namespace {
-
-std::unique_ptr<FrmTransactions>& instance() {
-  static std::unique_ptr<FrmTransactions> form;
-  return form;
-}
 
 class FrmTransactionsView : public TransactionsView {
  public:
@@ -22,11 +18,9 @@ class FrmTransactionsView : public TransactionsView {
 }  // namespace
 
 FrmTransactions& frmTransactions() {
-  if (!instance()) instance() = std::make_unique<FrmTransactions>(languageFormTranslator());
-  return *instance();
+  return *AddInContext::current().single<FrmTransactions>(
+      [] { return std::make_shared<FrmTransactions>(languageFormTranslator()); });
 }
-
-void releaseFrmTransactions() { instance().reset(); }
 
 std::shared_ptr<TransactionsView> frmTransactionsView() {
   return std::make_shared<FrmTransactionsView>();

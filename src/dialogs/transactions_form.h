@@ -1,4 +1,4 @@
-// The process's one transactions form, and the drill-down's view of it.
+// The add-in context's one transactions form, and the drill-down's view of it.
 #pragma once
 
 #include <memory>
@@ -10,11 +10,9 @@ namespace kxc {
 
 // The form, created on first use and translated through gLanguage.
 FrmTransactions& frmTransactions();
-// Destroys the form; the next use creates a fresh one. For program end and tests.
-void releaseFrmTransactions();
 
-// The drill-down's view of frmTransactions(): its grid, its column sizing and a modeless show.
-// This is what the drill-down uses while no other provider is installed.
+// A drill-down view of frmTransactions(): its grid, its column sizing and a modeless show.
+// This is the view the add-in context makes unless it was given another.
 std::shared_ptr<TransactionsView> frmTransactionsView();
 
 }  // namespace kxc

@@ -1,15 +1,15 @@
 // TransactionsView: what the drill-down needs of the transactions form.
 #pragma once
 
-#include <functional>
 #include <memory>
 
 #include "platform/dispatch.h"
 
 namespace kxc {
 
-// The one transactions form of the process, as the drill-down uses it: by default
-// frmTransactions (transactions_form.h); tests and other front ends install their own.
+// The transactions form as the drill-down uses it. The add-in context's TransactionsView is
+// frmTransactions unless the program or a test gives the context another one
+// (AddInContext::provide<TransactionsView>).
 class TransactionsView {
  public:
   virtual ~TransactionsView() = default;
@@ -21,12 +21,8 @@ class TransactionsView {
   virtual void show() = 0;
 };
 
-using TransactionsViewProvider = std::function<std::shared_ptr<TransactionsView>()>;
-
-// The provider yields the form, creating it on first use; null restores the default. A
-// provider that yields nothing makes the drill-down raise 91 "Object variable or With block
-// variable not set".
-void setTransactionsViewProvider(TransactionsViewProvider provider);
-std::shared_ptr<TransactionsView> transactionsView();
+// The add-in context's view, made on first use. A maker that yields nothing raises 91
+// "Object variable or With block variable not set".
+TransactionsView& transactionsView();
 
 }  // namespace kxc

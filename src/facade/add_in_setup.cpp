@@ -4,13 +4,11 @@
 #include <memory>
 #include <string>
 
-#include "facade/facade_hooks.h"
-#include "facade/tm_globals.h"
-#include "formula/formula_flows.h"
-#include "host/cache_write_back.h"
-#include "host/tm_command_bars.h"
-#include "host/tm_excel.h"
+#include "events/tm_command_bars.h"
+#include "events/tm_excel_events.h"
 #include "platform/error_report.h"
+#include "state/add_in_context.h"
+#include "state/tm_globals.h"
 
 namespace kxc {
 
@@ -29,11 +27,8 @@ host::BarRef barOf(const Key& key) {
 
 }  // namespace
 
-void installAddIn() {
-  installFormulaFlows();
-  facadeHooks().createWriteBack = []() -> std::shared_ptr<WriteBackObject> {
-    return std::make_shared<CacheWriteBack>();
-  };
+void installAddIn(AddInContext& context) {
+  context.provide<TmExcel>([] { return std::make_shared<TmExcelEvents>(); });
 }
 
 void createAddInMenus() {

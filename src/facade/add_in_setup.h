@@ -1,14 +1,16 @@
-// Start-up of the add-in: installing the parts the facade reaches through hooks, and placing
-// the add-in's menus in the host's command bars.
+// Start-up of the add-in: wiring it into the add-in context, and placing its menus in the
+// host's command bars.
 #pragma once
 
 namespace kxc {
 
-// Installs every hook of the add-in: the formula flows (ShowFormulaBuilder opens the formula
-// builder, which writes through WriteCacheFormula) and the write-back class (ToggleWriteBack
-// creates and releases a CacheWriteBack). A program calls it once before the first CacheUI
-// call; calling it again changes nothing.
-void installAddIn();
+class AddInContext;
+
+// Makes `context`'s event sink (gExcelSink) the add-in's own, whose double-click opens the
+// formula builder or the member lookup and whose uninstall removes the menus. A program calls
+// it once, right after making the context and before CacheUI::Initialise; calling it again
+// changes nothing.
+void installAddIn(AddInContext& context);
 
 // Creates the add-in's menu (CreateMenu) on the host's "Cell" bar and on bar 1, the worksheet
 // menu bar, of the application held by gExcelSink. A program calls it at start, after

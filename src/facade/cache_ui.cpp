@@ -1,17 +1,18 @@
 #include "facade/cache_ui.h"
 
-#include "dialogs/tm_drilldown.h"
-#include "facade/engine_contract.h"
-#include "facade/facade_hooks.h"
-#include "facade/tm_globals.h"
-#include "formula/cache_formula_pattern.h"
-#include "formula/parse_formula.h"
-#include "formula/resolve_argument.h"
-#include "host/tm_excel.h"
+#include "events/cache_write_back.h"
+#include "flows/show_formula_edit.h"
+#include "flows/tm_drilldown.h"
+#include "grammar/cache_formula_pattern.h"
+#include "grammar/parse_formula.h"
+#include "grammar/resolve_argument.h"
 #include "language/language.h"
 #include "platform/error_report.h"
 #include "platform/object_factory.h"
 #include "platform/runtime_error.h"
+#include "state/engine_contract.h"
+#include "state/tm_excel.h"
+#include "state/tm_globals.h"
 
 namespace kxc {
 
@@ -69,9 +70,7 @@ Variant CacheUI::Initialise(host::ApplicationRef& xExcel, ObjectRef& mCache) {
 std::string CacheUI::ShowFormulaBuilder(std::string& CellFormula) {
   reportingErrors("clsBvCubeQueryUI ShowFormulaBuilder", [&] {
     gActiveCell = hostApplication()->activeCell();
-    const auto& showFormulaEdit = facadeHooks().showFormulaEdit;
-    if (!showFormulaEdit) throw RuntimeError(err::kObjectNotSet);
-    showFormulaEdit(CellFormula);
+    ShowFormulaEdit(CellFormula);
   });
   return "";
 }
@@ -113,10 +112,7 @@ void CacheUI::ToggleWriteBack() {
       gWriteBack.reset();
       return;
     }
-    const auto& createWriteBack = facadeHooks().createWriteBack;
-    if (!createWriteBack) throw RuntimeError(err::kObjectNotSet);
-    gWriteBack = createWriteBack();
-    if (!gWriteBack) throw RuntimeError(err::kObjectNotSet);
+    gWriteBack = std::make_shared<CacheWriteBack>();
     host::ApplicationRef application = gExcelSink->oExcel();
     gWriteBack->Initialise(application);
   });

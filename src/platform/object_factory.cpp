@@ -4,9 +4,21 @@
 
 namespace kxc {
 
-ObjectFactory& ObjectFactory::instance() {
-  static ObjectFactory factory;
+namespace {
+
+std::shared_ptr<ObjectFactory>& installed() {
+  static std::shared_ptr<ObjectFactory> factory = std::make_shared<ObjectFactory>();
   return factory;
+}
+
+}  // namespace
+
+ObjectFactory& objectFactory() { return *installed(); }
+
+std::shared_ptr<ObjectFactory> setObjectFactory(std::shared_ptr<ObjectFactory> factory) {
+  std::shared_ptr<ObjectFactory> previous = std::move(installed());
+  installed() = factory ? std::move(factory) : std::make_shared<ObjectFactory>();
+  return previous;
 }
 
 void ObjectFactory::registerCreator(std::string_view progId, Creator creator) {
@@ -32,6 +44,6 @@ ObjectRef ObjectFactory::create(std::string_view progId) const {
   return object;
 }
 
-ObjectRef createObject(std::string_view progId) { return ObjectFactory::instance().create(progId); }
+ObjectRef createObject(std::string_view progId) { return objectFactory().create(progId); }
 
 }  // namespace kxc

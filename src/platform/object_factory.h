@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <map>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -12,12 +13,10 @@ namespace kxc {
 
 // Maps ProgIDs (matched case-insensitively) to creators. An unknown ProgID, a creator that
 // returns nothing or a creator that throws raises 429 "ActiveX component can't create object".
-// One process-wide instance; registration normally happens once at start-up.
+// The add-in context installs one factory for its lifetime; registration happens once it is made.
 class ObjectFactory {
  public:
   using Creator = std::function<ObjectRef()>;
-
-  static ObjectFactory& instance();
 
   void registerCreator(std::string_view progId, Creator creator);
   void unregister(std::string_view progId);
@@ -28,7 +27,12 @@ class ObjectFactory {
   std::map<std::string, Creator, std::less<>> creators_;
 };
 
-// Shorthand for ObjectFactory::instance().create(progId).
+// The installed factory (an empty one until something is installed).
+ObjectFactory& objectFactory();
+// Installs `factory` (null: a fresh empty one); returns the previous one.
+std::shared_ptr<ObjectFactory> setObjectFactory(std::shared_ptr<ObjectFactory> factory);
+
+// Shorthand for objectFactory().create(progId).
 ObjectRef createObject(std::string_view progId);
 
 }  // namespace kxc

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "dialogs/form_translator.h"
+#include "state/translation.h"
 
 namespace kxc::testing {
 

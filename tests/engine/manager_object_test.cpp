@@ -14,15 +14,12 @@ class ManagerObjectTest : public EngineTest {
  protected:
   void SetUp() override {
     EngineTest::SetUp();
-    shared_ = registerEngineObjects(ObjectFactory::instance(), options_);
-    engineObject_ = createObject("kestracache.engine");
-    manager_ = createObject(kManagerProgId);
+    shared_ = registerEngineObjects(factory_, options_);
+    engineObject_ = factory_.create("kestracache.engine");
+    manager_ = factory_.create(kManagerProgId);
   }
-  void TearDown() override {
-    setManagerWindowOpener(nullptr);
-    ObjectFactory::instance().unregister(kEngineProgId);
-    ObjectFactory::instance().unregister(kManagerProgId);
-  }
+  void TearDown() override { setManagerWindowOpener(nullptr); }
+  ObjectFactory factory_;
   std::shared_ptr<CacheEngine> shared_;
   ObjectRef engineObject_;
   ObjectRef manager_;
@@ -67,7 +64,7 @@ TEST_F(ManagerObjectTest, ShutdownReleasesTheSharedEngineWhichReopensLazily) {
 }
 
 TEST_F(ManagerObjectTest, ObjectsOfBothProgIdsShareOneStore) {
-  ObjectRef second = createObject(kEngineProgId);
+  ObjectRef second = factory_.create(kEngineProgId);
   Variant m(int32_t{1}), v(500.0);
   std::vector<Argument> args{
       Argument::byValue(Variant("Shop")),     Argument::byRef(m),

@@ -3,7 +3,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "events/cache_write_back.h"
 #include "facade_fixture.h"
+#include "flows/formula_builder.h"
 #include "language/language.h"
 
 namespace kxc::testing {
@@ -30,7 +32,7 @@ TEST_F(FacadeFixture, InitialiseKeepsEngineCreatesManagerAndHooksEvents) {
 }
 
 TEST_F(FacadeFixture, InitialiseWhoseManagerCannotBeCreatedReportsOnceAndHooksNothing) {
-  ObjectFactory::instance().unregister(kCacheManagerProgId);
+  context().objects().unregister(kCacheManagerProgId);
   initialise();
   EXPECT_THAT(services->messages, ElementsAre(MessageRecord{"ActiveX component can't create object "
                                                             "clsBvCubeQueryUI Initialise",
@@ -41,32 +43,24 @@ TEST_F(FacadeFixture, InitialiseWhoseManagerCannotBeCreatedReportsOnceAndHooksNo
   EXPECT_EQ(gCacheEngine, engine);  // kept before the creation failed
 }
 
-TEST_F(FacadeFixture, ShowFormulaBuilderOpensEditOnActiveCell) {
+TEST_F(FacadeFixture, ShowFormulaBuilderOpensTheBuilderOnTheActiveCell) {
   initialise();
   app->select("D4");
-  std::string seen;
-  facadeHooks().showFormulaEdit = [&](std::string& text) {
-    seen = text;
-    return std::string();
-  };
-  std::string formula = R"(=BV_KXCSUM("Sales",1))";
+  std::string formula;
   EXPECT_EQ(ui.ShowFormulaBuilder(formula), "");
-  EXPECT_EQ(seen, formula);
   ASSERT_NE(gActiveCell, nullptr);
   EXPECT_EQ(gActiveCell->address(), "$D$4");
-  EXPECT_TRUE(services->messages.empty());
+  ASSERT_NE(context().find<FrmCacheFormula>(), nullptr);
+  EXPECT_TRUE(context().find<FrmCacheFormula>()->form().visible());
 }
 
-TEST_F(FacadeFixture, ShowFormulaBuilderFailuresAreReportedWithItsLocation) {
+TEST_F(FacadeFixture, ShowFormulaBuilderWithoutAnApplicationReportsWithItsLocation) {
   std::string formula;
-  ui.ShowFormulaBuilder(formula);  // not initialised: no application
-  initialise();
-  app->select("A1");
-  ui.ShowFormulaBuilder(formula);  // no formula builder installed
-  const std::string text =
-      "Object variable or With block variable not set clsBvCubeQueryUI ShowFormulaBuilder";
+  ui.ShowFormulaBuilder(formula);
   EXPECT_THAT(services->messages,
-              ElementsAre(MessageRecord{text, "Error", 48}, MessageRecord{text, "Error", 48}));
+              ElementsAre(MessageRecord{"Object variable or With block variable not set "
+                                        "clsBvCubeQueryUI ShowFormulaBuilder",
+                                        "Error", 48}));
 }
 
 TEST_F(FacadeFixture, CacheManagerOpensWindowWithEngineByReference) {
@@ -99,7 +93,7 @@ TEST_F(FacadeFixture, ManagerFailuresShowNothing) {
   ui.Shutdown();
   EXPECT_EQ(gCacheManager, nullptr);  // released although Shutdown failed
   ui.Shutdown();                      // nothing left to shut down
-  ObjectFactory::instance().unregister(kCacheManagerProgId);
+  context().objects().unregister(kCacheManagerProgId);
   ui.CacheManager();  // cannot be re-created
   EXPECT_TRUE(services->messages.empty());
 }
@@ -111,37 +105,17 @@ TEST_F(FacadeFixture, ShowLookupIsAStub) {
   EXPECT_TRUE(services->messages.empty());
 }
 
-class FakeWriteBack : public WriteBackObject {
- public:
-  void Initialise(host::ApplicationRef& pExcel) override { application = pExcel; }
-  host::ApplicationRef application;
-};
-
 TEST_F(FacadeFixture, ToggleWriteBackAlternatesAndReleases) {
   initialise();
-  int created = 0;
-  std::weak_ptr<FakeWriteBack> first;
-  facadeHooks().createWriteBack = [&] {
-    auto object = std::make_shared<FakeWriteBack>();
-    if (++created == 1) first = object;
-    return object;
-  };
   ui.ToggleWriteBack();
   ASSERT_NE(gWriteBack, nullptr);
-  EXPECT_EQ(first.lock()->application, app);
+  EXPECT_EQ(gWriteBack->oexcel(), app);
+  std::weak_ptr<CacheWriteBack> first = gWriteBack;
   ui.ToggleWriteBack();
   EXPECT_EQ(gWriteBack, nullptr);
   EXPECT_TRUE(first.expired());
   ui.ToggleWriteBack();
   EXPECT_NE(gWriteBack, nullptr);
-  EXPECT_EQ(created, 2);
-}
-
-TEST_F(FacadeFixture, ToggleWriteBackWithoutTheClassStaysOffSilently) {
-  initialise();
-  ui.ToggleWriteBack();
-  EXPECT_EQ(gWriteBack, nullptr);
-  EXPECT_TRUE(services->messages.empty());
 }
 
 TEST_F(FacadeFixture, ChangeCurrentLangSetsTheLanguage) {

@@ -106,7 +106,7 @@ TEST_F(StartDrillDownTransTest, EngineFailureIsReportedWithItsLocation) {
 }
 
 TEST_F(StartDrillDownTransTest, MissingTransactionsFormIsReported) {
-  setTransactionsViewProvider([] { return std::shared_ptr<TransactionsView>(); });
+  context().provide<TransactionsView>([] { return std::shared_ptr<TransactionsView>(); });
   put("A1", R"(=BV_KXCSUM("Sales",1))");
   app->select("A1");
   ui.StartDrillDownTrans();

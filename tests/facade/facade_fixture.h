@@ -1,6 +1,6 @@
-// The common set-up of the facade and drill-down tests: clean globals, a recording engine, a
-// manager registered under its ProgID, a fake host, a fake transactions form and recorded
-// message boxes. Everything installed is removed again afterwards.
+// The common set-up of the facade and drill-down tests: an add-in context with a recording
+// engine, a manager registered under its ProgID, a fake host, a fake transactions form, an
+// event sink that counts what reaches it, and recorded message boxes.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -11,14 +11,11 @@
 
 #include "dialogs/transactions_view.h"
 #include "facade/cache_ui.h"
-#include "facade/facade_hooks.h"
-#include "facade/tm_globals.h"
-#include "host/tm_excel.h"
-#include "platform/object_factory.h"
-#include "platform/settings_store.h"
 #include "platform/workbook/in_memory_application.h"
+#include "state/tm_excel.h"
+#include "state/tm_globals.h"
+#include "support/recording_context.h"
 #include "support/recording_engine.h"
-#include "support/recording_services.h"
 
 namespace kxc::testing {
 
@@ -46,28 +43,20 @@ class CountingExcelSink : public TmExcel {
 class FacadeFixture : public ::testing::Test {
  protected:
   FacadeFixture() {
-    setSettingsStore(nullptr);  // a fresh in-memory store
-    resetGlobals();
     app->addWorkbook("Book1.xlsx");
-    ObjectFactory::instance().registerCreator(kCacheManagerProgId, [this] {
+    context().objects().registerCreator(kCacheManagerProgId, [this] {
       managers.push_back(std::make_shared<RecordingEngine>());
       return managers.back();
     });
-    setTransactionsViewProvider([this] { return view; });
-    gExcelSink.setCreator([this] {
+    context().provide<TransactionsView>([this] { return view; });
+    context().provide<TmExcel>([this] {
       auto created = std::make_shared<CountingExcelSink>();
       sink = created;
       return created;
     });
   }
-  ~FacadeFixture() override {
-    resetGlobals();
-    gExcelSink.setCreator(nullptr);
-    ObjectFactory::instance().unregister(kCacheManagerProgId);
-    setTransactionsViewProvider(nullptr);
-    facadeHooks() = FacadeHooks();
-    setSettingsStore(nullptr);
-  }
+
+  AddInContext& context() { return recording.context(); }
 
   // CacheUI::Initialise with the fake host and the recording engine.
   void initialise() {
@@ -76,7 +65,8 @@ class FacadeFixture : public ::testing::Test {
     ui.Initialise(xExcel, mCache);
   }
 
-  ScopedRecordingServices services;
+  RecordingContext recording;
+  RecordingServices* services = &recording.services();
   std::shared_ptr<RecordingEngine> engine = std::make_shared<RecordingEngine>();
   std::shared_ptr<workbook::InMemoryApplication> app = workbook::InMemoryApplication::create();
   std::shared_ptr<FakeTransactionsView> view = std::make_shared<FakeTransactionsView>();

@@ -13,15 +13,13 @@
 #include "platform/settings/file_settings_store.h"
 #include "platform/settings/temp_settings.h"
 #include "platform/tm_win_reg.h"
+#include "state/add_in_context.h"
 
 namespace kxc::testing {
 
 class LanguageTest : public ::testing::Test {
  protected:
-  LanguageTest() : previous_(setSettingsStore(FileSettingsStore::fromEnvironment())) {
-    settingsStore().createKey(SettingsRoot::User, kCacheSettingsKey);
-  }
-  ~LanguageTest() override { setSettingsStore(previous_); }
+  LanguageTest() { settingsStore().createKey(SettingsRoot::User, kCacheSettingsKey); }
 
   // Catalogue text of `code` in `language`.
   void text(const std::string& code, int language, std::string value) {
@@ -91,12 +89,12 @@ class LanguageTest : public ::testing::Test {
         "/cat");
   }
 
-  TempSettingsFolders folders_;
+  TempSettingsFolders folders_;  // before the context, whose store lives in these folders
+  AddInContext context_{AddInContext::Setup{nullptr, FileSettingsStore::fromEnvironment(), {}, {}}};
 
  private:
   std::map<std::string, std::vector<std::optional<std::string>>> texts_;
   std::vector<std::pair<std::string, std::optional<std::string>>> details_;
-  std::shared_ptr<SettingsStore> previous_;
 };
 
 }  // namespace kxc::testing

@@ -118,7 +118,7 @@ TEST_F(TransMesTest, AnUnreadableLanguageIsResetToZero) {
 }
 
 TEST_F(TransMesTest, WithoutTheSettingsKeyTheLanguageIsNotKept) {
-  setSettingsStore(std::make_shared<MemorySettingsStore>());  // restored by the fixture
+  setSettingsStore(std::make_shared<MemorySettingsStore>());  // restored as the context ends
   auto lang = make();
   lang->CurrentLanguage(int16_t{2});
   EXPECT_EQ(lang->CurrentLanguage(), 2);
@@ -212,12 +212,11 @@ TEST(CatalogueFolder, FollowsTheLibraryExceptUnderTheOldInstallFolder) {
 TEST_F(TransMesTest, TheDefaultObjectLooksBesideTheLibrary) {
   ::setenv("KXC_LIBRARY_DIR", "/opt/kestra", 1);
   std::vector<std::string> paths;
-  auto previous = setCatalogueOpener([&](const std::string& path) {
+  setCatalogueOpener([&](const std::string& path) {
     paths.push_back(path);
     return nullptr;
   });
   Language lang;
-  setCatalogueOpener(previous);
   ::unsetenv("KXC_LIBRARY_DIR");
   EXPECT_EQ(paths, (std::vector<std::string>{"/opt/kestra/TmBvCacheLanguages.xml",
                                              "/opt/kestra/TmBvCacheLanguageFontDetails.xml"}));

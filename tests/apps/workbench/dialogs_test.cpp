@@ -11,13 +11,13 @@
 #include <QTest>
 #include <QTimer>
 
-#include "dialogs/frm_cache_formula.h"
 #include "dialogs/transactions_form.h"
-#include "facade/tm_globals.h"
-#include "formula/show_lookup.h"
+#include "flows/formula_builder.h"
+#include "flows/show_lookup.h"
 #include "gui_environment.h"
 #include "platform/qt/qt_form_view.h"
 #include "sheet_view.h"
+#include "state/tm_globals.h"
 
 namespace kxc::testing {
 namespace {
@@ -157,7 +157,8 @@ TEST_F(AddInDialogs, DrillDownFromTheMenuFillsTheTransactionsGrid) {
   QTest::mouseClick(close, Qt::LeftButton);
   processEvents();
   EXPECT_FALSE(transactions.visible());
-  EXPECT_EQ(app().cellFormula("Sample Report", "Sheet1", 5, 2), formula) << "drilling changes nothing";
+  EXPECT_EQ(app().cellFormula("Sample Report", "Sheet1", 5, 2), formula)
+      << "drilling changes nothing";
 }
 
 }  // namespace

@@ -6,13 +6,12 @@
 #include <QTest>
 #include <QTimer>
 
-#include "dialogs/frm_cache_formula.h"
-#include "facade/tm_globals.h"
+#include "flows/show_lookup.h"
 #include "form_views.h"
-#include "formula/formula_flows.h"
-#include "formula/show_lookup.h"
 #include "gui_environment.h"
 #include "platform/text_rules.h"
+#include "state/tm_globals.h"
+#include "support/recording_context.h"
 
 namespace kxc::testing {
 namespace {
@@ -34,7 +33,7 @@ class MillionMemberEngine : public DispatchObject {
 };
 
 TEST(MillionMemberLookup, SelectsABlockWithTheKeyboardAndReturnsIt) {
-  ScopedRecordingServices services;
+  RecordingContext recording;
   gCacheEngine = std::make_shared<MillionMemberEngine>();
   {
     workbench::FormViews views;
@@ -60,16 +59,14 @@ TEST(MillionMemberLookup, SelectsABlockWithTheKeyboardAndReturnsIt) {
     });
     std::string kind = "Dim1";
     std::string cache = "Big";
-    const Variant result = ShowLookup(kind, cache, Variant(std::string("<ALL>")));
+    const LookupChoice result = ShowLookup(kind, cache, Variant(std::string("<ALL>")));
     EXPECT_TRUE(shown);
     EXPECT_EQ(rows, kMembers + 1);
-    EXPECT_NE(result.toDouble(), -1);
-    EXPECT_NE(gLookupSelection, "");
-    EXPECT_NE(gLookupSelection.find("M1"), std::string::npos) << gLookupSelection;
-    EXPECT_NE(gLookupSelection.find("M5"), std::string::npos) << gLookupSelection;
+    EXPECT_NE(result.index.toDouble(), -1);
+    EXPECT_NE(result.selection.find("M1"), std::string::npos) << result.selection;
+    EXPECT_NE(result.selection.find("M5"), std::string::npos) << result.selection;
+    EXPECT_EQ(gLookupSelection, result.selection);
   }
-  releaseFormulaDialogs();
-  resetGlobals();
 }
 
 }  // namespace

@@ -1,31 +1,30 @@
 #include <gtest/gtest.h>
 
-#include <QApplication>
-
 #include <QAction>
+#include <QApplication>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QTimer>
 #include <QMenuBar>
 #include <QPixmap>
 #include <QScrollBar>
 #include <QStyle>
 #include <QTabBar>
 #include <QTest>
+#include <QTimer>
 
-#include "dialogs/frm_cache_formula.h"
-#include "facade/tm_globals.h"
+#include "flows/formula_builder.h"
 #include "formula_bar.h"
 #include "gui_environment.h"
 #include "language/language.h"
 #include "language_dialog.h"
+#include "number_fit.h"
 #include "platform/qt/caption_text.h"
 #include "platform/qt/qt_text.h"
 #include "platform/services.h"
 #include "platform/workbook/address_writer.h"
-#include "number_fit.h"
 #include "sheet_model.h"
 #include "sheet_view.h"
+#include "state/tm_globals.h"
 
 namespace kxc::testing {
 namespace {
@@ -115,14 +114,14 @@ TEST_F(WorkbenchWindow, NarrowColumnsShowTheirNumbersFittedNotCut) {
                rect.width() - 2 * margin;
       });
   EXPECT_NE(fitted, cell.data(Qt::DisplayRole).toString().toStdString()) << "column too wide";
-  EXPECT_NEAR(inkRight - inkLeft + 1, metrics.horizontalAdvance(QString::fromStdString(fitted)),
-              3)
+  EXPECT_NEAR(inkRight - inkLeft + 1, metrics.horizontalAdvance(QString::fromStdString(fitted)), 3)
       << fitted;
 }
 
 TEST_F(WorkbenchWindow, MenuBarHoldsTheAddInMenuAndLosesItOnUninstall) {
   const QString addIn = translated("@KES_CACHE &A");
-  EXPECT_TRUE(menuTitles(*window().menuBar()).contains(addIn)) << menuTitles(*window().menuBar()).join("|").toStdString();
+  EXPECT_TRUE(menuTitles(*window().menuBar()).contains(addIn))
+      << menuTitles(*window().menuBar()).join("|").toStdString();
   app().uninstallAddin(workbench::kAddInWorkbook);
   window().refreshNow();
   EXPECT_FALSE(menuTitles(*window().menuBar()).contains(addIn));

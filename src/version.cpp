@@ -1,5 +1,0 @@
-#include "version.h"
-
-namespace kxc {
-const char* libraryVersion() { return "0.1.0"; }
-}  // namespace kxc
