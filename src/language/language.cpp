@@ -33,7 +33,7 @@ std::shared_ptr<const CatalogueTable> openTable(const CatalogueOpener& opener,
   if (!opener) return nullptr;
   try {
     return opener(cataloguePath(folder, name));
-  } catch (...) {
+  } catch (const RuntimeError&) {
     return nullptr;
   }
 }
@@ -131,7 +131,7 @@ std::string Language::translate(const std::string& key, const TransParam* params
   auto step = [&](auto&& body) {
     try {
       body();
-    } catch (...) {
+    } catch (const RuntimeError&) {
       if (!skipFailures) throw EndCall{};
     }
   };
@@ -166,13 +166,15 @@ std::string Language::translate(const std::string& key, const TransParam* params
     if (branding_.enabled()) {
       try {
         branding_.apply(text, skipFailures);
-      } catch (...) {
+      } catch (const RuntimeError&) {
         throw EndCall{};
       }
     }
     if (hint) step([&] { placeAccessKey(text, *hint); });
     return text;
-  } catch (...) {
+  } catch (const EndCall&) {
+    return text;
+  } catch (const RuntimeError&) {
     return text;
   }
 }

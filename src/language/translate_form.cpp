@@ -48,7 +48,7 @@ void Language::TranslateForm(controls::Form& form) {
       std::string caption = TransMes(form.tag());
       if (!caption.empty()) form.setCaption(caption);
     }
-  } catch (...) {
+  } catch (const RuntimeError&) {
     // The form keeps what was translated before the failure; no message.
   }
 }

@@ -1,5 +1,7 @@
 #include "platform/error_report.h"
 
+#include <cstdio>
+#include <cstdlib>
 #include <string>
 
 #include "platform/services.h"
@@ -23,6 +25,24 @@ RuntimeError asRuntimeError(std::exception_ptr thrown) {
   } catch (...) {
     return RuntimeError(err::kInternal);
   }
+}
+
+void onInternalError(std::exception_ptr thrown, std::string_view location) {
+#ifdef NDEBUG
+  (void)thrown;
+  (void)location;
+#else
+  std::string what = "an exception that is not a std::exception";
+  try {
+    std::rethrow_exception(thrown);
+  } catch (const std::exception& e) {
+    what = e.what();
+  } catch (...) {
+  }
+  std::fprintf(stderr, "internal error at %.*s: %s\n", static_cast<int>(location.size()),
+               location.data(), what.c_str());
+  std::abort();
+#endif
 }
 
 }  // namespace kxc

@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/runtime_error.h"
 #include "state/tm_globals.h"
 
 namespace kxc {
@@ -60,7 +61,7 @@ class Call {
     for (auto& w : writeBacks_) {
       try {
         w();
-      } catch (...) {
+      } catch (const RuntimeError&) {
         // A value the variable's type cannot hold leaves the variable unchanged.
       }
     }
