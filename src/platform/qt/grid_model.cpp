@@ -45,17 +45,7 @@ Qt::ItemFlags GridModel::flags(const QModelIndex& index) const {
   return Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemNeverHasChildren;
 }
 
-void GridModel::schedule() {
-  if (flushQueued_) return;
-  flushQueued_ = true;
-  QMetaObject::invokeMethod(
-      this,
-      [this] {
-        flushQueued_ = false;
-        flush();
-      },
-      Qt::QueuedConnection);
-}
+void GridModel::schedule() { flushLater_.request(); }
 
 void GridModel::gridChanged(const GridChange& change) {
   if (change.kind == GridChange::Kind::Reset) {

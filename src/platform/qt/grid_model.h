@@ -6,6 +6,7 @@
 
 #include "platform/controls/form_view.h"
 #include "platform/controls/grid.h"
+#include "platform/qt/queued_once.h"
 
 namespace kxc::qt {
 
@@ -45,7 +46,7 @@ class GridModel : public QAbstractTableModel {
   bool reset_ = false;
   bool dirty_ = false;
   int32_t col1_ = 0, row1_ = 0, col2_ = 0, row2_ = 0;  // written block, the grid's numbers
-  bool flushQueued_ = false;
+  QueuedOnce flushLater_{this, [this] { flush(); }};
 };
 
 // The heading of column `col` (1-based) when the grid has none: "A", ..., "Z", "AA", ...

@@ -74,15 +74,7 @@ void GridWidget::applyColumnWidths() {
 
 void GridWidget::markDirty() {
   dirty_ = true;
-  if (syncQueued_) return;
-  syncQueued_ = true;
-  QMetaObject::invokeMethod(
-      this,
-      [this] {
-        syncQueued_ = false;
-        if (dirty_) syncSelection();
-      },
-      Qt::QueuedConnection);
+  syncLater_.request();
 }
 
 void GridWidget::syncSelection() {

@@ -7,6 +7,7 @@
 
 #include "platform/controls/grid.h"
 #include "platform/qt/grid_model.h"
+#include "platform/qt/queued_once.h"
 
 namespace kxc::qt {
 
@@ -44,7 +45,9 @@ class GridWidget : public QTableView {
   bool ignoreQtSelection_ = false;
   bool writingGrid_ = false;
   bool dirty_ = false;
-  bool syncQueued_ = false;
+  QueuedOnce syncLater_{this, [this] {
+                          if (dirty_) syncSelection();
+                        }};
 };
 
 }  // namespace kxc::qt

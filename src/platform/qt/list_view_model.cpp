@@ -63,17 +63,7 @@ Qt::ItemFlags ListViewModel::flags(const QModelIndex& index) const {
   return Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemNeverHasChildren;
 }
 
-void ListViewModel::schedule() {
-  if (flushQueued_) return;
-  flushQueued_ = true;
-  QMetaObject::invokeMethod(
-      this,
-      [this] {
-        flushQueued_ = false;
-        flush();
-      },
-      Qt::QueuedConnection);
-}
+void ListViewModel::schedule() { flushLater_.request(); }
 
 bool ListViewModel::flush() {
   if (pending_ == 0) return false;

@@ -7,6 +7,7 @@
 
 #include "platform/controls/form_view.h"
 #include "platform/controls/list_view.h"
+#include "platform/qt/queued_once.h"
 
 namespace kxc::qt {
 
@@ -53,7 +54,7 @@ class ListViewModel : public QAbstractTableModel {
   int rows_ = 0;     // rows announced
   int pending_ = 0;  // rows appended but not yet announced
   int columns_ = 1;
-  bool flushQueued_ = false;
+  QueuedOnce flushLater_{this, [this] { flush(); }};
 };
 
 }  // namespace kxc::qt

@@ -63,15 +63,7 @@ void ListViewWidget::multiSelectChanged() {
 
 void ListViewWidget::markSelectionDirty() {
   selectionDirty_ = true;
-  if (syncQueued_) return;
-  syncQueued_ = true;
-  QMetaObject::invokeMethod(
-      this,
-      [this] {
-        syncQueued_ = false;
-        if (selectionDirty_) syncSelection();
-      },
-      Qt::QueuedConnection);
+  syncLater_.request();
 }
 
 void ListViewWidget::syncSelection() {

@@ -7,6 +7,7 @@
 
 #include "platform/controls/list_view.h"
 #include "platform/qt/list_view_model.h"
+#include "platform/qt/queued_once.h"
 
 namespace kxc::qt {
 
@@ -53,7 +54,9 @@ class ListViewWidget : public QTreeView {
   bool ignoreQtSelection_ = false;  // Qt's selection is being set from the list
   bool writingList_ = false;        // the list is being set from Qt's selection
   bool selectionDirty_ = false;
-  bool syncQueued_ = false;
+  QueuedOnce syncLater_{this, [this] {
+                          if (selectionDirty_) syncSelection();
+                        }};
 };
 
 }  // namespace kxc::qt

@@ -77,7 +77,9 @@ struct Area {
 }  // namespace
 
 QtFormView::QtFormView(controls::Form& form)
-    : form_(form), window_(std::make_unique<FormWindow>()) {
+    : form_(form), window_(std::make_unique<FormWindow>()), showLater_(window_.get(), [this] {
+        if (form_.visible() && form_.loaded()) showWindow();
+      }) {
   window_->setObjectName(toQString(form_.name()));
   auto* outer = new QVBoxLayout(window_.get());
   outer->setContentsMargins(0, 0, 0, 0);
@@ -416,16 +418,8 @@ void QtFormView::applyFocus() {
 }
 
 void QtFormView::scheduleShow() {
-  if (showQueued_) return;
-  showQueued_ = true;
   // Shown from the event loop: a modal show gets to make the window modal first.
-  QMetaObject::invokeMethod(
-      window_.get(),
-      [this] {
-        showQueued_ = false;
-        if (form_.visible() && form_.loaded()) showWindow();
-      },
-      Qt::QueuedConnection);
+  showLater_.request();
 }
 
 void QtFormView::showWindow() {

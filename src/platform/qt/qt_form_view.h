@@ -11,6 +11,7 @@
 #include "platform/controls/form.h"
 #include "platform/controls/form_view.h"
 #include "platform/qt/font_mapping.h"
+#include "platform/qt/queued_once.h"
 
 class QAction;
 class QEventLoop;
@@ -120,7 +121,7 @@ class QtFormView : public controls::FormView {
   bool usesLayout_ = false;
   bool overridingCursor_ = false;
   bool focusFromQt_ = false;
-  bool showQueued_ = false;
+  QueuedOnce showLater_;  // set up with the window
   bool applyingState_ = false;
 };
 
