@@ -37,9 +37,9 @@ Variant evaluate(const ObjectRef& engine, std::span<const Variant> args) {
 }  // namespace
 
 void registerCacheFunction(host::FunctionRegistry& registry, ObjectRef engine) {
-  registry.registerFunction(kCacheFunctionName, [engine](std::span<const Variant> args) {
-    return evaluate(engine, args);
-  });
+  registry.registerFunction(
+      std::string(kCacheFunctionName),
+      [engine](std::span<const Variant> args) { return evaluate(engine, args); });
 }
 
 }  // namespace kxc::engine

@@ -1,12 +1,11 @@
 // The worksheet function BV_KXCSUM(cache, measure, dim1, ..., dim20): a cache value in a cell.
 #pragma once
 
+#include "platform/cache_function_name.h"
 #include "platform/dispatch.h"
 #include "platform/host/worksheet_functions.h"
 
 namespace kxc::engine {
-
-inline constexpr const char* kCacheFunctionName = "BV_KXCSUM";
 
 // Registers BV_KXCSUM with the host. Each call asks `engine` (held for as long as the function
 // is registered) for CacheGetValueAllAggregationTypes with the cache, the measure, 0 and the

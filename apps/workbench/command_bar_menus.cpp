@@ -13,9 +13,8 @@ namespace kxc::workbench {
 namespace {
 
 void connectRun(QAction* action, const host::ControlRef& control, const ControlRunner& run) {
-  QObject::connect(action, &QAction::triggered, action, [control, run] {
-    QTimer::singleShot(0, [control, run] { run(control); });
-  });
+  QObject::connect(action, &QAction::triggered, action,
+                   [control, run] { QTimer::singleShot(0, [control, run] { run(control); }); });
 }
 
 // Menus and menu bars both take submenus and actions by caption.
@@ -54,8 +53,8 @@ std::string barSignature(host::CommandBarControls& controls) {
     const std::string caption = control->caption();
     const std::string tag = control->tag();
     const std::string action = control->onAction();
-    signature += std::to_string(caption.size()) + ":" + caption + std::to_string(tag.size()) +
-                 ":" + tag + std::to_string(action.size()) + ":" + action;
+    signature += std::to_string(caption.size()) + ":" + caption + std::to_string(tag.size()) + ":" +
+                 tag + std::to_string(action.size()) + ":" + action;
     if (control->type() == host::ControlType::Popup) signature += barSignature(control->controls());
     signature += ";";
   }

@@ -10,9 +10,9 @@ namespace kxc::workbench {
 namespace {
 
 // The catalogue's languages in number order, as Qt names their locales.
-constexpr std::array<const char*, 16> kLocales = {
-    "en", "ja", "de", "fr", "es", "it", "zh_CN", "ko",
-    "nl", "pt_BR", "sv", "pl", "ru", "cs", "tr", "zh_TW"};
+constexpr std::array<const char*, 16> kLocales = {"en",    "ja", "de", "fr",    "es", "it",
+                                                  "zh_CN", "ko", "nl", "pt_BR", "sv", "pl",
+                                                  "ru",    "cs", "tr", "zh_TW"};
 
 }  // namespace
 

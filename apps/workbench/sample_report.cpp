@@ -80,11 +80,11 @@ void fillSalesSheet(workbook::InMemoryApplication& app, const std::string& sheet
   set(2, 2, "Sales");
   set(2, 3, "Amount of all products, channels and customers");
   const int32_t header = 4;
-  const int32_t totals = fillCrossTable(set, header, "Region", kRegions, kYears,
-                                        [&](int32_t row, int32_t column) {
-    return "=BV_KXCSUM($B$2,1," + ref(row, 1, false, true) + ",\"<ALL>\",\"<ALL>\",\"<ALL>\"," +
-           ref(header, column, true, false) + ")";
-  });
+  const int32_t totals =
+      fillCrossTable(set, header, "Region", kRegions, kYears, [&](int32_t row, int32_t column) {
+        return "=BV_KXCSUM($B$2,1," + ref(row, 1, false, true) + ",\"<ALL>\",\"<ALL>\",\"<ALL>\"," +
+               ref(header, column, true, false) + ")";
+      });
 
   const int32_t channelHeader = totals + 3;
   set(channelHeader - 1, 1, "Quantity by channel");
@@ -96,8 +96,8 @@ void fillSalesSheet(workbook::InMemoryApplication& app, const std::string& sheet
     set(row, 1, kChannels[c]);
     for (int32_t column = 2; column <= 3; ++column) {
       set(row, column,
-          "=BV_KXCSUM($B$2,2,\"<ALL>\",\"<ALL>\"," + ref(row, 1, false, true) +
-              ",\"<ALL>\"," + ref(channelHeader, column, true, false) + ")");
+          "=BV_KXCSUM($B$2,2,\"<ALL>\",\"<ALL>\"," + ref(row, 1, false, true) + ",\"<ALL>\"," +
+              ref(channelHeader, column, true, false) + ")");
     }
   }
 }
@@ -112,9 +112,9 @@ void fillBudgetSheet(workbook::InMemoryApplication& app, const std::string& shee
   const int32_t header = 5;
   fillCrossTable(set, header, "Department", kDepartments, kQuarters,
                  [&](int32_t row, int32_t column) {
-    return "=BV_KXCSUM($B$2,1," + ref(row, 1, false, true) + ",\"<ALL>\"," +
-           ref(3, 2, true, true) + "," + ref(header, column, true, false) + ")";
-  });
+                   return "=BV_KXCSUM($B$2,1," + ref(row, 1, false, true) + ",\"<ALL>\"," +
+                          ref(3, 2, true, true) + "," + ref(header, column, true, false) + ")";
+                 });
 }
 
 }  // namespace

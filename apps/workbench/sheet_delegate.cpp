@@ -42,8 +42,7 @@ SheetDelegate::SheetDelegate(QTableView* view) : QStyledItemDelegate(view), view
 SheetDelegate::Overflow SheetDelegate::overflowOf(const QModelIndex& source,
                                                   const QStyleOptionViewItem& option) const {
   Overflow run;
-  if (isEmpty(source) || !isLeftAligned(source) ||
-      source.data(SheetModel::kNumberRole).isValid()) {
+  if (isEmpty(source) || !isLeftAligned(source) || source.data(SheetModel::kNumberRole).isValid()) {
     return run;
   }
   const QFontMetrics metrics(option.font);
@@ -89,8 +88,8 @@ void SheetDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
       runsOn = true;
     }
   } else {
-    for (int column = index.column() - 1, seen = 0;
-         column >= 0 && seen < kMaxOverflowCells; --column, ++seen) {
+    for (int column = index.column() - 1, seen = 0; column >= 0 && seen < kMaxOverflowCells;
+         --column, ++seen) {
       const QModelIndex left = index.siblingAtColumn(column);
       sourceLeft -= view_->columnWidth(column);
       if (isEmpty(left)) continue;

@@ -29,8 +29,8 @@ std::string columnLetters(int32_t column) {
   return letters;
 }
 
-SheetModel::SheetModel(std::shared_ptr<workbook::InMemoryApplication> app,
-                       std::string workbookName, std::string sheetName, QObject* parent)
+SheetModel::SheetModel(std::shared_ptr<workbook::InMemoryApplication> app, std::string workbookName,
+                       std::string sheetName, QObject* parent)
     : QAbstractTableModel(parent),
       app_(std::move(app)),
       workbook_(std::move(workbookName)),

@@ -56,8 +56,7 @@ void SheetView::setSheetModel(SheetModel* model) {
   showApplicationSelection();
 }
 
-void SheetView::selectionChanged(const QItemSelection& selected,
-                                 const QItemSelection& deselected) {
+void SheetView::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
   QTableView::selectionChanged(selected, deselected);
   if (!syncing_) pushSelection();
 }
@@ -95,8 +94,8 @@ void SheetView::showApplicationSelection() {
   for (const workbook::Area& a : areas) {
     const int top = a.top - 1, left = a.left - 1;
     if (top > lastRow || left > lastColumn) continue;
-    selection.select(model_->index(top, left),
-                     model_->index(std::min(a.bottom - 1, lastRow), std::min(a.right - 1, lastColumn)));
+    selection.select(model_->index(top, left), model_->index(std::min(a.bottom - 1, lastRow),
+                                                             std::min(a.right - 1, lastColumn)));
   }
   if (selection == selectionModel()->selection()) return;
   syncing_ = true;
@@ -141,9 +140,8 @@ void SheetView::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint 
     default:
       break;
   }
-  QTableView::closeEditor(editor, rowStep == 0 && columnStep == 0
-                                      ? hint
-                                      : QAbstractItemDelegate::NoHint);
+  QTableView::closeEditor(editor,
+                          rowStep == 0 && columnStep == 0 ? hint : QAbstractItemDelegate::NoHint);
   if ((rowStep == 0 && columnStep == 0) || !model_) return;
   const QModelIndex from = currentIndex();
   const QModelIndex to = model_->index(from.row() + rowStep, from.column() + columnStep);

@@ -27,8 +27,7 @@ class SheetView : public QTableView {
   Q_OBJECT
 
  public:
-  explicit SheetView(std::shared_ptr<workbook::InMemoryApplication> app,
-                     QWidget* parent = nullptr);
+  explicit SheetView(std::shared_ptr<workbook::InMemoryApplication> app, QWidget* parent = nullptr);
 
   void setSheetModel(SheetModel* model);
   SheetModel* sheetModel() const { return model_; }
@@ -39,8 +38,7 @@ class SheetView : public QTableView {
   std::function<void()> afterCommand;
 
  protected:
-  void selectionChanged(const QItemSelection& selected,
-                        const QItemSelection& deselected) override;
+  void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
   void showEvent(QShowEvent* event) override;

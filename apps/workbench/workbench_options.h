@@ -12,12 +12,12 @@ namespace kxc::workbench {
 enum class ScreenshotDialog { None, Builder, Lookup, Transactions, Manager };
 
 struct WorkbenchOptions {
-  std::string databasePath;  // --db FILE; empty: the engine's default
+  std::string databasePath;         // --db FILE; empty: the engine's default
   std::optional<int16_t> language;  // --lang N, 0 to 15
-  std::string file;          // a workbook to open instead of the sample report
-  std::string screenshot;    // --screenshot FILE.png
+  std::string file;                 // a workbook to open instead of the sample report
+  std::string screenshot;           // --screenshot FILE.png
   ScreenshotDialog open = ScreenshotDialog::None;  // --open builder|lookup|transactions|manager
-  bool help = false;         // --help
+  bool help = false;                               // --help
 };
 
 // The options, or `error` set to a one-line reason ("--lang takes a number from 0 to 15").

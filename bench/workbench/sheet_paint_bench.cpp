@@ -36,8 +36,8 @@ std::shared_ptr<InMemoryApplication> filledApplication() {
       continue;
     }
     for (int column = 0; column < kColumns; ++column) {
-      const std::string address = std::string(1, static_cast<char>('A' + column)) +
-                                  std::to_string(row);
+      const std::string address =
+          std::string(1, static_cast<char>('A' + column)) + std::to_string(row);
       app->setCell("Sheet1!" + address, std::to_string(row * 1234.56789 + column / 7.0));
     }
   }

@@ -3,6 +3,7 @@
 #include <cstddef>
 
 #include "grammar/parse_formula.h"
+#include "platform/cache_function_name.h"
 #include "platform/error_report.h"
 #include "platform/runtime_error.h"
 #include "platform/text_rules.h"
@@ -12,7 +13,7 @@ namespace kxc {
 
 namespace {
 
-constexpr const char* kCallStart = "BV_KXCSUM(";
+constexpr std::string_view kCallStart = kCacheCallStart;
 
 // Equality of two cell values as the host language's "=" sees it: numbers by value whatever
 // their type, texts code unit by code unit, Empty like 0 and like "". Error values cannot be

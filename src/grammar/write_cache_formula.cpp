@@ -1,6 +1,7 @@
 #include "grammar/write_cache_formula.h"
 
 #include "grammar/resolve_argument.h"
+#include "platform/cache_function_name.h"
 #include "platform/error_report.h"
 #include "platform/runtime_error.h"
 #include "platform/services.h"
@@ -10,7 +11,6 @@ namespace kxc {
 
 namespace {
 
-constexpr const char* kFunctionStart = "=BV_KXCSUM(";
 constexpr const char* kAllMembers = "\"<ALL>\"";
 
 std::string quoted(const std::string& text) { return '"' + text + '"'; }
@@ -22,7 +22,7 @@ void prepend(std::string& tail, const std::string& piece) {
 }  // namespace
 
 std::string cacheFormulaText(const CacheFormula& formula) {
-  std::string text = kFunctionStart;
+  std::string text(kCacheFormulaStart);
   text += isReference(formula.Cache) ? formula.Cache : quoted(formula.Cache);
   text += ",";
   text += formula.Measure;

@@ -8,18 +8,18 @@ namespace kxc {
 
 // Standard error numbers used by the library, with the descriptions users of such add-ins know.
 namespace err {
-inline constexpr int kInvalidCall = 5;        // "Invalid procedure call or argument"
-inline constexpr int kOverflow = 6;           // "Overflow"
-inline constexpr int kOutOfMemory = 7;        // "Out of memory"
-inline constexpr int kSubscript = 9;          // "Subscript out of range"
-inline constexpr int kTypeMismatch = 13;      // "Type mismatch"
-inline constexpr int kInternal = 51;          // "Internal error"
-inline constexpr int kObjectNotSet = 91;      // "Object variable or With block variable not set"
-inline constexpr int kBadPattern = 93;        // "Invalid pattern string"
-inline constexpr int kObjectRequired = 424;   // "Object required"
-inline constexpr int kCannotCreate = 429;     // "ActiveX component can't create object"
-inline constexpr int kNoSuchMember = 438;     // "Object doesn't support this property or method"
-inline constexpr int kHost = 1004;            // the spreadsheet host's own errors
+inline constexpr int kInvalidCall = 5;       // "Invalid procedure call or argument"
+inline constexpr int kOverflow = 6;          // "Overflow"
+inline constexpr int kOutOfMemory = 7;       // "Out of memory"
+inline constexpr int kSubscript = 9;         // "Subscript out of range"
+inline constexpr int kTypeMismatch = 13;     // "Type mismatch"
+inline constexpr int kInternal = 51;         // "Internal error"
+inline constexpr int kObjectNotSet = 91;     // "Object variable or With block variable not set"
+inline constexpr int kBadPattern = 93;       // "Invalid pattern string"
+inline constexpr int kObjectRequired = 424;  // "Object required"
+inline constexpr int kCannotCreate = 429;    // "ActiveX component can't create object"
+inline constexpr int kNoSuchMember = 438;    // "Object doesn't support this property or method"
+inline constexpr int kHost = 1004;           // the spreadsheet host's own errors
 }  // namespace err
 
 // The standard description of a number, or "Application-defined or object-defined error"

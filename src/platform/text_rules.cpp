@@ -1,10 +1,11 @@
 #include "platform/text_rules.h"
 
+#include <locale.h>
+
 #include <clocale>
 #include <cmath>
 #include <cstdlib>
 #include <cwctype>
-#include <locale.h>
 
 #include "platform/runtime_error.h"
 
@@ -38,7 +39,6 @@ char32_t decode(std::string_view text, std::size_t& i, bool& valid) {
   i += static_cast<std::size_t>(len);
   return cp;
 }
-
 
 // A UTF-8 C locale for case mapping, independent of the process's global locale.
 locale_t utf8Locale() {

@@ -12,28 +12,44 @@ namespace kxc {
 
 const char* typeName(VarType type) {
   switch (type) {
-    case VarType::Empty: return "Empty";
-    case VarType::Int16: return "Integer";
-    case VarType::Int32: return "Long";
-    case VarType::Double: return "Double";
-    case VarType::Bool: return "Boolean";
-    case VarType::Text: return "String";
-    case VarType::Object: return "Object";
-    case VarType::Error: return "Error";
+    case VarType::Empty:
+      return "Empty";
+    case VarType::Int16:
+      return "Integer";
+    case VarType::Int32:
+      return "Long";
+    case VarType::Double:
+      return "Double";
+    case VarType::Bool:
+      return "Boolean";
+    case VarType::Text:
+      return "String";
+    case VarType::Object:
+      return "Object";
+    case VarType::Error:
+      return "Error";
   }
   return "Unknown";
 }
 
 std::string cellErrorText(CellError e) {
   switch (e.code) {
-    case 2000: return "#NULL!";
-    case 2007: return "#DIV/0!";
-    case 2015: return "#VALUE!";
-    case 2023: return "#REF!";
-    case 2029: return "#NAME?";
-    case 2036: return "#NUM!";
-    case 2042: return "#N/A";
-    default: return "#VALUE!";
+    case 2000:
+      return "#NULL!";
+    case 2007:
+      return "#DIV/0!";
+    case 2015:
+      return "#VALUE!";
+    case 2023:
+      return "#REF!";
+    case 2029:
+      return "#NAME?";
+    case 2036:
+      return "#NUM!";
+    case 2042:
+      return "#N/A";
+    default:
+      return "#VALUE!";
   }
 }
 
@@ -42,8 +58,10 @@ bool Variant::isNumeric() const {
     case VarType::Int16:
     case VarType::Int32:
     case VarType::Double:
-    case VarType::Bool: return true;
-    default: return false;
+    case VarType::Bool:
+      return true;
+    default:
+      return false;
   }
 }
 
@@ -64,17 +82,23 @@ Int roundToInt(double d) {
 
 double Variant::toDouble() const {
   switch (type()) {
-    case VarType::Empty: return 0.0;
-    case VarType::Int16: return std::get<int16_t>(v_);
-    case VarType::Int32: return std::get<int32_t>(v_);
-    case VarType::Double: return std::get<double>(v_);
-    case VarType::Bool: return std::get<bool>(v_) ? -1.0 : 0.0;
+    case VarType::Empty:
+      return 0.0;
+    case VarType::Int16:
+      return std::get<int16_t>(v_);
+    case VarType::Int32:
+      return std::get<int32_t>(v_);
+    case VarType::Double:
+      return std::get<double>(v_);
+    case VarType::Bool:
+      return std::get<bool>(v_) ? -1.0 : 0.0;
     case VarType::Text: {
       double d = 0;
       if (!parseNumber(std::get<std::string>(v_), d)) throw RuntimeError(err::kTypeMismatch);
       return d;
     }
-    default: throw RuntimeError(err::kTypeMismatch);
+    default:
+      throw RuntimeError(err::kTypeMismatch);
   }
 }
 
@@ -102,13 +126,20 @@ bool Variant::toBool() const {
 
 std::string Variant::toText() const {
   switch (type()) {
-    case VarType::Empty: return "";
-    case VarType::Int16: return std::to_string(std::get<int16_t>(v_));
-    case VarType::Int32: return std::to_string(std::get<int32_t>(v_));
-    case VarType::Double: return formatNumber(std::get<double>(v_));
-    case VarType::Bool: return std::get<bool>(v_) ? "True" : "False";
-    case VarType::Text: return std::get<std::string>(v_);
-    default: throw RuntimeError(err::kTypeMismatch);
+    case VarType::Empty:
+      return "";
+    case VarType::Int16:
+      return std::to_string(std::get<int16_t>(v_));
+    case VarType::Int32:
+      return std::to_string(std::get<int32_t>(v_));
+    case VarType::Double:
+      return formatNumber(std::get<double>(v_));
+    case VarType::Bool:
+      return std::get<bool>(v_) ? "True" : "False";
+    case VarType::Text:
+      return std::get<std::string>(v_);
+    default:
+      throw RuntimeError(err::kTypeMismatch);
   }
 }
 

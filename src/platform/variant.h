@@ -26,13 +26,13 @@ struct CellError {
 };
 
 namespace cellerr {
-inline constexpr CellError kNull{2000};    // #NULL!
-inline constexpr CellError kDiv0{2007};    // #DIV/0!
-inline constexpr CellError kValue{2015};   // #VALUE!
-inline constexpr CellError kRef{2023};     // #REF!
-inline constexpr CellError kName{2029};    // #NAME?
-inline constexpr CellError kNum{2036};     // #NUM!
-inline constexpr CellError kNA{2042};      // #N/A
+inline constexpr CellError kNull{2000};   // #NULL!
+inline constexpr CellError kDiv0{2007};   // #DIV/0!
+inline constexpr CellError kValue{2015};  // #VALUE!
+inline constexpr CellError kRef{2023};    // #REF!
+inline constexpr CellError kName{2029};   // #NAME?
+inline constexpr CellError kNum{2036};    // #NUM!
+inline constexpr CellError kNA{2042};     // #N/A
 }  // namespace cellerr
 
 // The text the spreadsheet shows for an error value ("#NAME?"); "#VALUE!" for unknown codes.

@@ -9,6 +9,7 @@
 #include "engine/engine_errors.h"
 #include "engine/sample_data.h"
 #include "shop_fixture.h"
+#include "support/error_number.h"
 
 namespace kxc::engine::testing {
 namespace {
@@ -102,7 +103,7 @@ TEST_F(CacheStoreTest, HostileNamesAndMemberTextsAreOnlyData) {
     EXPECT_DOUBLE_EQ(core_->value(Variant(name), Variant(int32_t{1}), 0,
                                   std::vector<Variant>{Variant("' OR 1=1 --")}),
                      7);
-    EXPECT_EQ(errorOf([&] {
+    EXPECT_EQ(kxc::testing::errorNumber([&] {
                 core_->value(Variant(name), Variant(int32_t{1}), 0,
                              std::vector<Variant>{Variant("x' OR '1'='1")});
               }),
@@ -156,7 +157,8 @@ TEST_F(CacheStoreTest, SampleDataIsTheSameEveryTime) {
 TEST_F(CacheStoreTest, ADamagedTransactionTableIsReportedNotLoaded) {
   core_->store().database().exec("UPDATE fact_1 SET d1 = 9 WHERE seq = 2");
   EXPECT_EQ(core_->ensureCacheLoad(Variant("Shop")), -1);
-  EXPECT_EQ(errorOf([&] { core_->cache(Variant("Shop")); }), engine_err::kDatabase);
+  EXPECT_EQ(kxc::testing::errorNumber([&] { core_->cache(Variant("Shop")); }),
+            engine_err::kDatabase);
 }
 
 }  // namespace

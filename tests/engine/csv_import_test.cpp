@@ -9,6 +9,7 @@
 #include "engine/csv_reader.h"
 #include "engine/engine_errors.h"
 #include "shop_fixture.h"
+#include "support/error_number.h"
 
 namespace kxc::engine::testing {
 namespace {
@@ -143,7 +144,8 @@ TEST_F(CsvImportTest, ABadRowLateInALargeFileLeavesNothingBehind) {
 
 TEST_F(CsvImportTest, ExistingNameAndMissingFileAreRefused) {
   std::string file = tmp_.write("data.csv", "dim:K,measure:V\nk,1\n");
-  EXPECT_EQ(errorOf([&] { core_->importCsv(file, "shop"); }), engine_err::kCacheExists);
+  EXPECT_EQ(kxc::testing::errorNumber([&] { core_->importCsv(file, "shop"); }),
+            engine_err::kCacheExists);
   try {
     core_->importCsv(tmp_.file("missing.csv"), "X");
     FAIL();

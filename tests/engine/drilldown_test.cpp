@@ -6,6 +6,7 @@
 
 #include "grid_double.h"
 #include "shop_fixture.h"
+#include "support/error_number.h"
 
 namespace kxc::engine::testing {
 namespace {
@@ -88,8 +89,9 @@ TEST_F(DrilldownTest, CriteriaOfOtherCachesAreLeftOut) {
 TEST_F(DrilldownTest, BadCriteriaAreReportedWhenTheDrillDownRuns) {
   call("DrilldownClear");
   addCriteria({Variant("Nowhere")});  // accepted here
-  EXPECT_EQ(errorOf([&] { execute(); }), engine_err::kUnknownMember);
-  EXPECT_EQ(errorOf([&] { execute(Variant("NoCache")); }), engine_err::kUnknownCache);
+  EXPECT_EQ(kxc::testing::errorNumber([&] { execute(); }), engine_err::kUnknownMember);
+  EXPECT_EQ(kxc::testing::errorNumber([&] { execute(Variant("NoCache")); }),
+            engine_err::kUnknownCache);
 }
 
 TEST_F(DrilldownTest, ManyRowsArriveInChunksAndTabsInTextsBecomeBlanks) {

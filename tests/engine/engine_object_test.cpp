@@ -5,6 +5,7 @@
 
 #include "engine/cache_writer.h"
 #include "shop_fixture.h"
+#include "support/error_number.h"
 
 namespace kxc::engine::testing {
 namespace {
@@ -127,12 +128,14 @@ TEST_F(EngineObjectTest, WrongArgumentsRaiseNumberedErrors) {
     SCOPED_TRACE(c.member);
     std::vector<Argument> args;
     for (const auto& a : c.args) args.push_back(val(a));
-    EXPECT_EQ(errorOf([&] { call(c.member, std::move(args)); }), c.error);
+    EXPECT_EQ(kxc::testing::errorNumber([&] { call(c.member, std::move(args)); }), c.error);
   }
   std::vector<Argument> tooMany(24, val(Variant()));
   tooMany[0] = val(Variant("Shop"));
   tooMany[1] = val(Variant(int32_t{1}));
-  EXPECT_EQ(errorOf([&] { call("CacheGetValueAllAggregationTypes", std::move(tooMany)); }), 450);
+  EXPECT_EQ(kxc::testing::errorNumber(
+                [&] { call("CacheGetValueAllAggregationTypes", std::move(tooMany)); }),
+            450);
 }
 
 TEST_F(EngineObjectTest, UnknownCacheMessageNamesTheCache) {

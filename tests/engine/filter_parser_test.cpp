@@ -6,6 +6,7 @@
 
 #include "engine/engine_errors.h"
 #include "shop_fixture.h"
+#include "support/error_number.h"
 
 namespace kxc::engine::testing {
 namespace {
@@ -83,8 +84,10 @@ TEST_F(FilterParserTest, ReportsUnknownMembersAndUnreadableSelections) {
 }
 
 TEST_F(FilterParserTest, ObjectsAndErrorValuesAreTypeMismatches) {
-  EXPECT_EQ(errorOf([&] { parseFilter(shop(), 0, Variant(cellerr::kNA)); }), err::kTypeMismatch);
-  EXPECT_EQ(errorOf([&] { parseFilter(shop(), 0, Variant(engine_)); }), err::kTypeMismatch);
+  EXPECT_EQ(kxc::testing::errorNumber([&] { parseFilter(shop(), 0, Variant(cellerr::kNA)); }),
+            err::kTypeMismatch);
+  EXPECT_EQ(kxc::testing::errorNumber([&] { parseFilter(shop(), 0, Variant(engine_)); }),
+            err::kTypeMismatch);
 }
 
 TEST_F(FilterParserTest, FiltersBeyondTheDimensionsMustBeEmpty) {

@@ -6,6 +6,7 @@
 #include "engine/engine_errors.h"
 #include "engine/engine_registration.h"
 #include "shop_fixture.h"
+#include "support/error_number.h"
 
 namespace kxc::engine::testing {
 namespace {
@@ -43,10 +44,13 @@ TEST_F(ManagerObjectTest, WindowWithoutOpenerOrEngineRaisesClearErrors) {
     EXPECT_EQ(e.description(), "The cache manager window is not available in this program");
   }
   setManagerWindowOpener([](ObjectRef) {});
-  EXPECT_EQ(errorOf([&] { invoke(manager_, "Window", {Argument::byValue(Variant("x"))}); }),
+  EXPECT_EQ(kxc::testing::errorNumber(
+                [&] { invoke(manager_, "Window", {Argument::byValue(Variant("x"))}); }),
             err::kObjectRequired);
-  EXPECT_EQ(errorOf([&] { invoke(manager_, "Window"); }), 449);
-  EXPECT_EQ(errorOf([&] { invoke(manager_, "Shutdown", {Argument::byValue(Variant())}); }), 450);
+  EXPECT_EQ(kxc::testing::errorNumber([&] { invoke(manager_, "Window"); }), 449);
+  EXPECT_EQ(kxc::testing::errorNumber(
+                [&] { invoke(manager_, "Shutdown", {Argument::byValue(Variant())}); }),
+            450);
 }
 
 TEST_F(ManagerObjectTest, ShutdownReleasesTheSharedEngineWhichReopensLazily) {

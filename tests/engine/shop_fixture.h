@@ -78,15 +78,6 @@ class EngineTest : public ::testing::Test {
   }
 
   // The error number a call raises, or 0.
-  template <typename Body>
-  static int errorOf(Body&& body) {
-    try {
-      body();
-      return 0;
-    } catch (const RuntimeError& e) {
-      return e.number();
-    }
-  }
 
   TempFolder tmp_;
   EngineOptions options_;

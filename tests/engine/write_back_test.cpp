@@ -6,6 +6,7 @@
 
 #include "engine/engine_errors.h"
 #include "shop_fixture.h"
+#include "support/error_number.h"
 
 namespace kxc::engine::testing {
 namespace {
@@ -88,7 +89,7 @@ TEST_F(WriteBackTest, CountMinMaxAndEmptyAggregatesAreRefused) {
   for (const auto& c : cases) {
     Variant m(c.measure);
     std::vector<Variant> f = c.filters;
-    EXPECT_EQ(errorOf([&] { core_->writeBack(Variant("Shop"), m, 0, 5, f); }),
+    EXPECT_EQ(kxc::testing::errorNumber([&] { core_->writeBack(Variant("Shop"), m, 0, 5, f); }),
               engine_err::kCannotWriteBack);
   }
   EXPECT_EQ(rows(), 6);
@@ -96,12 +97,12 @@ TEST_F(WriteBackTest, CountMinMaxAndEmptyAggregatesAreRefused) {
 }
 
 TEST_F(WriteBackTest, BadFiltersWriteNothing) {
-  EXPECT_EQ(errorOf([&] {
+  EXPECT_EQ(kxc::testing::errorNumber([&] {
               core_->writeBack(Variant("Shop"), Variant(int32_t{1}), 0, 5,
                                std::vector<Variant>{Variant("Nowhere")});
             }),
             engine_err::kUnknownMember);
-  EXPECT_EQ(errorOf([&] {
+  EXPECT_EQ(kxc::testing::errorNumber([&] {
               core_->writeBack(Variant("Shop"), Variant(int32_t{1}), 0, 5,
                                std::vector<Variant>{Variant("<<North..")});
             }),

@@ -11,6 +11,7 @@
 #include "facade/add_in_setup.h"
 #include "facade/cache_ui.h"
 #include "flows/flows_fixture.h"
+#include "platform/cache_function_name.h"
 
 namespace kxc::testing {
 
@@ -37,7 +38,8 @@ class HostFixture : public FlowsFixture {
       if (path.ends_with(kCatalogueFileName)) return hostCatalogue();
       return nullptr;
     });
-    app->registerFunction("BV_KXCSUM", [](std::span<const Variant>) { return Variant(250.0); });
+    app->registerFunction(std::string(kCacheFunctionName),
+                          [](std::span<const Variant>) { return Variant(250.0); });
   }
 
   host::Worksheet& sheet1() { return *app->range("A1")->worksheet(); }

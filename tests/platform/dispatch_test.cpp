@@ -41,10 +41,10 @@ TEST(Dispatch, RecordingEngineLogsTypesFlagsAndValues) {
   auto grid = std::make_shared<testing::RecordingEngine>();
   Variant name("Sales");
   Variant index(int32_t{2});
-  invoke(obj, "MeasureCaption", {Argument::byRef(name), Argument::byRef(index),
-                                 Argument::byValue(Variant(int16_t{0})),
-                                 Argument::byValue(Variant(1.5)), Argument::byValue(Variant()),
-                                 Argument::byValue(Variant(ObjectRef(grid)))});
+  invoke(obj, "MeasureCaption",
+         {Argument::byRef(name), Argument::byRef(index), Argument::byValue(Variant(int16_t{0})),
+          Argument::byValue(Variant(1.5)), Argument::byValue(Variant()),
+          Argument::byValue(Variant(ObjectRef(grid)))});
   ASSERT_EQ(obj->calls().size(), 1u);
   const auto& call = obj->calls()[0];
   EXPECT_EQ(call.member, "MeasureCaption");
@@ -75,9 +75,16 @@ TEST(Dispatch, InjectedFailureCarriesNumberAndDescription) {
 TEST(Dispatch, TablePropertiesAndMethods) {
   DispatchTable t;
   Variant stored(int32_t{0});
-  t.property("MaxRows", [&](Arguments) { return stored; },
-             [&](Arguments a) { stored = a.back().value(); return Variant(); });
-  t.method("Clear", [&](Arguments) { stored = Variant(int32_t{0}); return Variant(); });
+  t.property(
+      "MaxRows", [&](Arguments) { return stored; },
+      [&](Arguments a) {
+        stored = a.back().value();
+        return Variant();
+      });
+  t.method("Clear", [&](Arguments) {
+    stored = Variant(int32_t{0});
+    return Variant();
+  });
   std::vector<Argument> put{Argument::byValue(Variant(int32_t{5}))};
   t.invoke("maxrows", put, CallKind::PropertyPut);
   std::vector<Argument> none;

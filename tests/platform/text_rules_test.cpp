@@ -8,7 +8,10 @@ namespace kxc {
 namespace {
 
 TEST(TextRules, LeadingNumberSkipsBlanksAndStopsAtTheFirstNonNumber) {
-  struct Case { const char* in; double out; };
+  struct Case {
+    const char* in;
+    double out;
+  };
   for (auto c : {Case{"2.5abc", 2.5}, Case{"  42", 42}, Case{"\t-3", -3}, Case{"abc", 0},
                  Case{"", 0}, Case{".5", 0.5}, Case{"1e3x", 1000}, Case{"1e", 1}, Case{"-", 0},
                  Case{"3.", 3}, Case{"+7", 7}}) {
@@ -17,7 +20,9 @@ TEST(TextRules, LeadingNumberSkipsBlanksAndStopsAtTheFirstNonNumber) {
 }
 
 TEST(TextRules, RoundHalfEven) {
-  struct Case { double in, out; };
+  struct Case {
+    double in, out;
+  };
   for (auto c : {Case{2.5, 2}, Case{3.5, 4}, Case{2.6, 3}, Case{-1.5, -2}, Case{-2.5, -2},
                  Case{0.49, 0}, Case{4.0, 4}}) {
     EXPECT_DOUBLE_EQ(roundHalfEven(c.in), c.out) << c.in;
@@ -25,15 +30,32 @@ TEST(TextRules, RoundHalfEven) {
 }
 
 TEST(TextRules, LikeMatchesTheWholeTextCaseSensitively) {
-  struct Case { const char* text; const char* pattern; bool match; };
-  for (auto c : {Case{"=BV_KXCSUM(1)", "=BV_KXCSUM*", true}, Case{"=bv_kxcsum(1)", "=BV_KXCSUM*", false},
-                 Case{"=-BV_KXCSUM(", "=BV_KXCSUM*", false}, Case{"Kestra Cache", "*Cache*", true},
-                 Case{"Kestra", "*Cache*", false}, Case{"", "", true}, Case{"a", "", false},
-                 Case{"", "*", true}, Case{"abc", "a?c", true}, Case{"ac", "a?c", false},
-                 Case{"a1c", "a#c", true}, Case{"abc", "a#c", false}, Case{"b", "[a-c]", true},
-                 Case{"d", "[a-c]", false}, Case{"d", "[!a-c]", true}, Case{"b", "[!a-c]", false},
-                 Case{"*", "[*]", true}, Case{"x*y", "x[*]y", true}, Case{"aXbXc", "a*b*c", true},
-                 Case{"Grüße", "Gr?ße", true}, Case{"abcabd", "*abd", true}}) {
+  struct Case {
+    const char* text;
+    const char* pattern;
+    bool match;
+  };
+  for (auto c : {Case{"=BV_KXCSUM(1)", "=BV_KXCSUM*", true},
+                 Case{"=bv_kxcsum(1)", "=BV_KXCSUM*", false},
+                 Case{"=-BV_KXCSUM(", "=BV_KXCSUM*", false},
+                 Case{"Kestra Cache", "*Cache*", true},
+                 Case{"Kestra", "*Cache*", false},
+                 Case{"", "", true},
+                 Case{"a", "", false},
+                 Case{"", "*", true},
+                 Case{"abc", "a?c", true},
+                 Case{"ac", "a?c", false},
+                 Case{"a1c", "a#c", true},
+                 Case{"abc", "a#c", false},
+                 Case{"b", "[a-c]", true},
+                 Case{"d", "[a-c]", false},
+                 Case{"d", "[!a-c]", true},
+                 Case{"b", "[!a-c]", false},
+                 Case{"*", "[*]", true},
+                 Case{"x*y", "x[*]y", true},
+                 Case{"aXbXc", "a*b*c", true},
+                 Case{"Grüße", "Gr?ße", true},
+                 Case{"abcabd", "*abd", true}}) {
     EXPECT_EQ(likeMatch(c.text, c.pattern), c.match) << c.text << " like " << c.pattern;
   }
 }
@@ -47,7 +69,10 @@ TEST(TextRules, UpperCaseIsUnicode) {
   EXPECT_EQ(upperCase("grüße"), "GRÜßE");  // one character for one: no ß expansion
   EXPECT_EQ(upperCase("привет"), "ПРИВЕТ");
   EXPECT_EQ(upperCase("çé"), "ÇÉ");
-  EXPECT_EQ(upperCase("\xff" "a"), "\xff" "A");  // invalid bytes pass through
+  EXPECT_EQ(upperCase("\xff"
+                      "a"),
+            "\xff"
+            "A");  // invalid bytes pass through
 }
 
 TEST(TextRules, CharactersAreCountedAndCutNotBytes) {

@@ -16,8 +16,8 @@ inline constexpr std::size_t kMaxFileBytes = std::size_t{512} << 20;
 // order, texts, numbers, dates as numbers, booleans, formulas (converted to A1 syntax where
 // the file writes them otherwise) and the defined names that name one range. Cached formula
 // results are not read: the workbook recalculates once everything is in (calculation is
-// running afterwards, whatever it was before), and the file's first sheet is active. Names that are expressions and other parts the workbook cannot hold are left
-// out with a note in the result.
+// running afterwards, whatever it was before), and the file's first sheet is active. Names that are
+// expressions and other parts the workbook cannot hold are left out with a note in the result.
 //
 // When the file is missing, unreadable, empty, damaged, no spreadsheet, has sheet names the
 // workbook does not allow, or a workbook of that name is open, the result carries the

@@ -14,9 +14,9 @@ class Application {
  public:
   virtual ~Application() = default;
 
-  virtual RangeRef activeCell() = 0;       // raises 91 when no workbook is open
-  virtual RangeRef rangeSelection() = 0;   // ActiveWindow.RangeSelection
-  virtual RangeRef selection() = 0;        // Selection (cells, area by area)
+  virtual RangeRef activeCell() = 0;      // raises 91 when no workbook is open
+  virtual RangeRef rangeSelection() = 0;  // ActiveWindow.RangeSelection
+  virtual RangeRef selection() = 0;       // Selection (cells, area by area)
   // Resolves a reference text as the spreadsheet does: A1, $A$1, A1:C3, Sheet1!B2,
   // 'O''Neil'!$B$3, [Book1.xlsx]Sheet1!A1, defined names. Anything else raises 1004.
   virtual RangeRef range(const std::string& reference) = 0;

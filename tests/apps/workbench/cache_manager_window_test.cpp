@@ -2,9 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include <QLocale>
-
 #include <QApplication>
+#include <QLocale>
 #include <QPushButton>
 #include <QTableWidget>
 #include <fstream>

@@ -52,8 +52,8 @@ TEST(NumberFit, ShowsAsManyDigitsAsTheCellHolds) {
 }
 
 TEST(NumberFit, NeverOverflowsAndNeverComesBackEmpty) {
-  const std::vector<double> values = {1,     -1,    1e308, -1e308, 5e-324, 123.456,
-                                      -99.5, 1e15,  1e-9,  0.5,    -0.5,   7.0 / 3.0};
+  const std::vector<double> values = {1,     -1,   1e308, -1e308, 5e-324, 123.456,
+                                      -99.5, 1e15, 1e-9,  0.5,    -0.5,   7.0 / 3.0};
   for (double value : values) {
     for (size_t room = 1; room <= 24; ++room) {
       const std::string shown = fitNumberText(value, width(room));

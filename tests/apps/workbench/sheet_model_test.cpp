@@ -78,8 +78,7 @@ TEST_F(SheetModelTest, CellsLineUpAsInASpreadsheet) {
     const auto alignment =
         model_.data(model_.index(0, column), Qt::TextAlignmentRole).value<Qt::Alignment>();
     EXPECT_EQ(alignment & Qt::AlignHorizontal_Mask, expected) << "column " << column;
-    EXPECT_EQ(model_.data(model_.index(0, column), SheetModel::kNumberRole).isValid(),
-              column == 1)
+    EXPECT_EQ(model_.data(model_.index(0, column), SheetModel::kNumberRole).isValid(), column == 1)
         << "column " << column;
   }
 }

@@ -163,8 +163,8 @@ std::string xlsxArchive(const std::vector<XlsxSheetPart>& sheets,
   for (const XlsxSheetPart& s : sheets) {
     const bool whole = s.content.rfind("<?xml", 0) == 0;
     zip.add(s.part, whole ? s.content
-                          : "<?xml version=\"1.0\" encoding=\"UTF-8\"?><worksheet xmlns=\"" +
-                                main + "\"><sheetData>" + s.content + "</sheetData></worksheet>");
+                          : "<?xml version=\"1.0\" encoding=\"UTF-8\"?><worksheet xmlns=\"" + main +
+                                "\"><sheetData>" + s.content + "</sheetData></worksheet>");
   }
   return zip.bytes();
 }

@@ -85,7 +85,8 @@ TEST_F(ApplicationEvents, ClearingTheSelectionEmptiesItAndRaisesOneChangeForAllO
   app->select("A1:B2");
   log.clear();
   app->clearSelection();
-  EXPECT_EQ(log, (std::vector<std::string>{"1 change Sheet1 $A$1:$B$2 ", "2 change Sheet1 $A$1:$B$2 "}));
+  EXPECT_EQ(log,
+            (std::vector<std::string>{"1 change Sheet1 $A$1:$B$2 ", "2 change Sheet1 $A$1:$B$2 "}));
   EXPECT_EQ(app->displayText("A1"), "");
   EXPECT_EQ(app->displayText("B2"), "");
   EXPECT_EQ(app->displayText("C3"), "keep");

@@ -4,18 +4,12 @@
 
 #include "platform/runtime_error.h"
 #include "platform/workbook/in_memory_application.h"
+#include "support/error_number.h"
 
 namespace kxc::workbook {
 namespace {
 
-int errorOf(auto&& f) {
-  try {
-    f();
-  } catch (const RuntimeError& e) {
-    return e.number();
-  }
-  return 0;
-}
+using testing::errorNumber;
 
 std::string descriptionOf(auto&& f) {
   try {
@@ -70,7 +64,7 @@ TEST_F(ApplicationRange, AnythingElseRaisesTheRangeError) {
         std::string("Nowhere!A1"), std::string("[Book9.xlsx]Sheet1!A1"),
         std::string("[Book1.xlsx]Data!A1"), std::string("A1048577"), huge,
         std::string("'") + huge}) {
-    EXPECT_EQ(errorOf([&] { app->range(text); }), 1004) << text.substr(0, 30);
+    EXPECT_EQ(errorNumber([&] { app->range(text); }), 1004) << text.substr(0, 30);
     EXPECT_EQ(descriptionOf([&] { app->range(text); }),
               "Method 'Range' of object '_Application' failed");
   }

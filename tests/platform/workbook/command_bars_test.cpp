@@ -5,18 +5,12 @@
 
 #include "platform/runtime_error.h"
 #include "platform/workbook/in_memory_application.h"
+#include "support/error_number.h"
 
 namespace kxc::workbook {
 namespace {
 
-int errorOf(auto&& f) {
-  try {
-    f();
-  } catch (const RuntimeError& e) {
-    return e.number();
-  }
-  return 0;
-}
+using testing::errorNumber;
 
 using host::ControlType;
 
@@ -39,9 +33,9 @@ TEST_F(CommandBarsTest, StartsWithTheMenuBarAndTheCellMenu) {
   EXPECT_EQ(bars.item("cell"), bars.item(2));
   EXPECT_EQ(bars.item("WORKSHEET MENU BAR"), bars.item(1));
   EXPECT_EQ(bars.item(1)->controls().count(), 0);
-  EXPECT_EQ(errorOf([&] { bars.item("Chart"); }), 5);
-  EXPECT_EQ(errorOf([&] { bars.item(0); }), 5);
-  EXPECT_EQ(errorOf([&] { bars.item(3); }), 5);
+  EXPECT_EQ(errorNumber([&] { bars.item("Chart"); }), 5);
+  EXPECT_EQ(errorNumber([&] { bars.item(0); }), 5);
+  EXPECT_EQ(errorNumber([&] { bars.item(3); }), 5);
 }
 
 TEST_F(CommandBarsTest, AddsButtonsAndPopupsInPlace) {
@@ -55,9 +49,9 @@ TEST_F(CommandBarsTest, AddsButtonsAndPopupsInPlace) {
   EXPECT_EQ(captions, (std::vector<std::string>{"A", "B", "C"}));
   EXPECT_EQ(b->type(), ControlType::Popup);
   EXPECT_EQ(b->controls().count(), 0);
-  EXPECT_EQ(errorOf([&] { a->controls(); }), 438) << "a button has no children";
-  EXPECT_EQ(errorOf([&] { controls.add(ControlType::Button, 9); }), 5);
-  EXPECT_EQ(errorOf([&] { controls.item(4); }), 5);
+  EXPECT_EQ(errorNumber([&] { a->controls(); }), 438) << "a button has no children";
+  EXPECT_EQ(errorNumber([&] { controls.add(ControlType::Button, 9); }), 5);
+  EXPECT_EQ(errorNumber([&] { controls.item(4); }), 5);
 }
 
 TEST_F(CommandBarsTest, FindControlSearchesTheBarThenTheChildren) {

@@ -5,18 +5,12 @@
 
 #include "platform/runtime_error.h"
 #include "platform/workbook/in_memory_application.h"
+#include "support/error_number.h"
 
 namespace kxc::workbook {
 namespace {
 
-int errorOf(auto&& f) {
-  try {
-    f();
-  } catch (const RuntimeError& e) {
-    return e.number();
-  }
-  return 0;
-}
+using testing::errorNumber;
 
 std::vector<std::string> addressesOf(const host::RangeRef& range) {
   std::vector<std::string> out;
@@ -61,7 +55,7 @@ TEST_F(RangeBehaviour, ACellWithoutDependentsRaisesNoCellsFound) {
   app->setCell("B1", "=A1");
   EXPECT_EQ(app->range("A1")->directDependents()->count(), 1);
   app->setCell("B1", "7");
-  EXPECT_EQ(errorOf([&] { app->range("A1")->directDependents(); }), 1004)
+  EXPECT_EQ(errorNumber([&] { app->range("A1")->directDependents(); }), 1004)
       << "a formula replaced by a constant no longer depends";
 }
 
@@ -74,8 +68,8 @@ TEST_F(RangeBehaviour, LargeRangeReferencesCountAsDependents) {
 }
 
 TEST_F(RangeBehaviour, ValueOfSeveralCellsIsATypeMismatch) {
-  EXPECT_EQ(errorOf([&] { app->range("A1:B2")->value(); }), 13);
-  EXPECT_EQ(errorOf([&] { app->range("A1,B2")->value(); }), 13);
+  EXPECT_EQ(errorNumber([&] { app->range("A1:B2")->value(); }), 13);
+  EXPECT_EQ(errorNumber([&] { app->range("A1,B2")->value(); }), 13);
   EXPECT_TRUE(app->range("A1")->value().isEmpty());
 }
 
@@ -98,7 +92,7 @@ TEST_F(RangeBehaviour, SetValueStoresTypedTextAndPlainValues) {
   EXPECT_EQ(app->displayText("C3"), "#N/A");
   cell->setValue(Variant());
   EXPECT_EQ(cell->formula(), "");
-  EXPECT_EQ(errorOf([&] { cell->setValue(Variant(ObjectRef())); }), 13);
+  EXPECT_EQ(errorNumber([&] { cell->setValue(Variant(ObjectRef())); }), 13);
 }
 
 TEST_F(RangeBehaviour, CellsRowColumnAndWorksheet) {
@@ -110,12 +104,12 @@ TEST_F(RangeBehaviour, CellsRowColumnAndWorksheet) {
   EXPECT_EQ(block->cells(2, 3)->address(), "$D$4");
   EXPECT_EQ(block->worksheet()->name(), "Report");
   EXPECT_EQ(block->worksheet()->parent()->name(), "Book1.xlsx");
-  EXPECT_EQ(errorOf([&] { block->cells(-5, 1); }), 1004);
+  EXPECT_EQ(errorNumber([&] { block->cells(-5, 1); }), 1004);
   EXPECT_EQ(addressesOf(app->range("A1:B2")),
             (std::vector<std::string>{"[Book1.xlsx]Sheet1!$A$1", "[Book1.xlsx]Sheet1!$B$1",
                                       "[Book1.xlsx]Sheet1!$A$2", "[Book1.xlsx]Sheet1!$B$2"}));
-  EXPECT_EQ(errorOf([&] { app->range("1:1048576")->count(); }), 6);
-  EXPECT_EQ(errorOf([&] { app->range("A:C")->cellList(); }), 1004);
+  EXPECT_EQ(errorNumber([&] { app->range("1:1048576")->count(); }), 6);
+  EXPECT_EQ(errorNumber([&] { app->range("A:C")->cellList(); }), 1004);
 }
 
 TEST_F(RangeBehaviour, DefinedNamesResolveAndNameTheirRange) {
@@ -125,8 +119,8 @@ TEST_F(RangeBehaviour, DefinedNamesResolveAndNameTheirRange) {
   EXPECT_EQ(app->range("region")->address(true, true, true), "[Book1.xlsx]Report!$B$2");
   EXPECT_EQ(app->range("Report!B2")->name(), "Region");
   EXPECT_EQ(app->range("Sheet1!A1:C3")->name(), "Block");
-  EXPECT_EQ(errorOf([&] { app->range("Report!B3")->name(); }), 1004);
-  EXPECT_EQ(errorOf([&] { app->range("Report!B2:B3")->name(); }), 1004);
+  EXPECT_EQ(errorNumber([&] { app->range("Report!B3")->name(); }), 1004);
+  EXPECT_EQ(errorNumber([&] { app->range("Report!B2:B3")->name(); }), 1004);
   app->setCell("D1", "=Region&\"!\"");
   EXPECT_EQ(app->displayText("D1"), "North!");
   app->setCell("D2", "=Book1.xlsx!Region");
@@ -135,19 +129,19 @@ TEST_F(RangeBehaviour, DefinedNamesResolveAndNameTheirRange) {
 
 TEST_F(RangeBehaviour, InvalidDefinedNamesAreRefused) {
   for (std::string bad : {"Q1", "AB12", "R1C1", "", "1st", "two words"}) {
-    EXPECT_EQ(errorOf([&] { app->defineName(bad, "A1"); }), 1004) << bad;
+    EXPECT_EQ(errorNumber([&] { app->defineName(bad, "A1"); }), 1004) << bad;
   }
-  EXPECT_EQ(errorOf([&] { app->defineName("Good", "North"); }), 1004);
-  EXPECT_EQ(errorOf([&] { app->defineName("Good", "A1,B2"); }), 1004);
+  EXPECT_EQ(errorNumber([&] { app->defineName("Good", "North"); }), 1004);
+  EXPECT_EQ(errorNumber([&] { app->defineName("Good", "A1,B2"); }), 1004);
 }
 
 TEST_F(RangeBehaviour, WorkbookAndSheetNamesAreChecked) {
-  EXPECT_EQ(errorOf([&] { app->addWorkbook("book1.XLSX"); }), 1004);
-  EXPECT_EQ(errorOf([&] { app->addSheet("Book1.xlsx", "report"); }), 1004);
-  EXPECT_EQ(errorOf([&] { app->addSheet("Book1.xlsx", "a/b"); }), 1004);
-  EXPECT_EQ(errorOf([&] { app->addSheet("Book1.xlsx", std::string(32, 'x')); }), 1004);
-  EXPECT_EQ(errorOf([&] { app->addSheet("Nope.xlsx", "x"); }), 9);
-  EXPECT_EQ(errorOf([&] { app->activateSheet("Book1.xlsx", "Nope"); }), 9);
+  EXPECT_EQ(errorNumber([&] { app->addWorkbook("book1.XLSX"); }), 1004);
+  EXPECT_EQ(errorNumber([&] { app->addSheet("Book1.xlsx", "report"); }), 1004);
+  EXPECT_EQ(errorNumber([&] { app->addSheet("Book1.xlsx", "a/b"); }), 1004);
+  EXPECT_EQ(errorNumber([&] { app->addSheet("Book1.xlsx", std::string(32, 'x')); }), 1004);
+  EXPECT_EQ(errorNumber([&] { app->addSheet("Nope.xlsx", "x"); }), 9);
+  EXPECT_EQ(errorNumber([&] { app->activateSheet("Book1.xlsx", "Nope"); }), 9);
   EXPECT_EQ(app->sheetNames("Book1.xlsx"), (std::vector<std::string>{"Sheet1", "Report", "Calc"}));
 }
 
@@ -155,7 +149,7 @@ TEST_F(RangeBehaviour, AWorkbookMayNameItsFirstSheet) {
   app->addWorkbook("Data.xlsx", "O'Neil");
   EXPECT_EQ(app->sheetNames("Data.xlsx"), (std::vector<std::string>{"O'Neil"}));
   EXPECT_EQ(app->activeSheetName(), "O'Neil");
-  EXPECT_EQ(errorOf([&] { app->addWorkbook("Bad.xlsx", "a/b"); }), 1004);
+  EXPECT_EQ(errorNumber([&] { app->addWorkbook("Bad.xlsx", "a/b"); }), 1004);
   EXPECT_EQ(app->workbookNames(), (std::vector<std::string>{"Book1.xlsx", "Data.xlsx"}));
 }
 
