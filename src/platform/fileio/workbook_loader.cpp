@@ -7,6 +7,7 @@
 #include <iterator>
 #include <optional>
 
+#include "platform/fileio/child_process_reader.h"
 #include "platform/fileio/spreadsheet_reader.h"
 #include "platform/runtime_error.h"
 #include "platform/workbook/address_writer.h"
@@ -119,7 +120,8 @@ void fill(workbook::InMemoryApplication& app, const std::string& bookName,
 
 }  // namespace
 
-LoadResult loadWorkbook(workbook::InMemoryApplication& app, const std::string& path) {
+LoadResult loadWorkbook(workbook::InMemoryApplication& app, const std::string& path,
+                        ReadIn readIn) {
   std::string bookName = fs::path(path).filename().string();
   if (!workbook::isValidWorkbookName(bookName)) {
     return failed(path, "\"" + bookName + "\" cannot be a workbook name");
@@ -131,7 +133,8 @@ LoadResult loadWorkbook(workbook::InMemoryApplication& app, const std::string& p
   std::optional<std::string> bytes = readWholeFile(path, reason);
   if (!bytes) return failed(path, reason);
 
-  SpreadsheetReadResult read = readSpreadsheet(*bytes);
+  SpreadsheetReadResult read =
+      readIn == ReadIn::ChildProcess ? readSpreadsheetInChild(*bytes) : readSpreadsheet(*bytes);
   bytes.reset();
   if (!read.image) return failed(path, read.failure);
   if (std::string problem = sheetProblem(*read.image); !problem.empty()) {

@@ -23,6 +23,13 @@ inline constexpr std::size_t kMaxFileBytes = std::size_t{512} << 20;
 // workbook does not allow, or a workbook of that name is open, the result carries the
 // problem and the application is left exactly as it was. Never throws. Calls come from the
 // thread that owns the application.
-LoadResult loadWorkbook(workbook::InMemoryApplication& app, const std::string& path);
+//
+// The file is read in a child process (child_process_reader.h): the import library can crash
+// or stop on an assertion with crafted files, and that must not end the program with the
+// user's open workbooks. A file that ends the child is refused as damaged. InProcess is for
+// the fuzz targets, which need the reader's coverage in their own process.
+enum class ReadIn { ChildProcess, InProcess };
+LoadResult loadWorkbook(workbook::InMemoryApplication& app, const std::string& path,
+                        ReadIn readIn = ReadIn::ChildProcess);
 
 }  // namespace kxc::fileio

@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <random>
 #include <string>
 
 #include "platform/fileio/spreadsheet_reader.h"
@@ -130,53 +129,70 @@ TEST_F(BadFile, AFileWithMoreCellsThanTheLimitIsRefused) {
   EXPECT_EQ(refused.failure, "it holds more than 100 cells, too many to open");
 }
 
-// Mutated copies of valid files must load or be refused, never crash or half-load.
-TEST_F(BadFile, MutatedFilesNeverBreakTheLoader) {
-  std::string samples[] = {
-      validXlsx(),
-      odsFile("<table:table table:name=\"Sheet1\"><table:table-row>"
-              "<table:table-cell office:value-type=\"float\" office:value=\"2\"/>"
-              "<table:table-cell table:formula=\"of:=BV_KXCSUM(&quot;S&quot;;[.A1];"
-              "[$'O''Neil'.$B$3])\"/></table:table-row></table:table>"
-              "<table:table table:name=\"O'Neil\"/><table:named-expressions>"
-              "<table:named-range table:name=\"R\" table:base-cell-address=\"$Sheet1.$A$1\" "
-              "table:cell-range-address=\"$Sheet1.$A$1:.$B$2\"/></table:named-expressions>"),
-      testing::xlsxFile({{"Made", R"(<row r="1"><c r="A1" t="inlineStr"><is><r><t>a&amp;</t></r>
-<r><t xml:space="preserve"> b</t></r></is></c><c t="e"><v>#DIV/0!</v></c></row>
-<row><c t="inlineStr"><is><t>Zürich</t></is></c><c r="C2"><f>B1</f></c></row>)"}}),
+// Parts that end inside a value right after an entity ("&amp;&b;"): the import library reads
+// past the end of such a part (a crash, or an assertion in its parser), so these files end the
+// reading child, never the program, and come back as damaged. Past the end of a text the
+// library may find something it takes for the next tag, and then the file loads.
+TEST_F(BadFile, PartsEndingOnAnEntityAreRefusedWithoutCrashing) {
+  const std::string head = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>";
+  const std::string main = "http://schemas.openxmlformats.org/spreadsheetml/2006/main";
+  const std::string workbook =
+      head + "<workbook xmlns=\"" + main +
+      "\" xmlns:r=\"http://schemas.openxmlformats.org/officeDocument/2006/relationships\">";
+  const std::string sheets = "<sheets><sheet name=\"S\" sheetId=\"1\" r:id=\"rId7\"/></sheets>";
+  const std::string content =
+      head +
+      "<office:document-content xmlns:office=\"urn:oasis:names:tc:opendocument:xmlns:office:1.0\""
+      " xmlns:table=\"urn:oasis:names:tc:opendocument:xmlns:table:1.0\""
+      " xmlns:text=\"urn:oasis:names:tc:opendocument:xmlns:text:1.0\">"
+      "<office:body><office:spreadsheet>";
+  // `before`, then a comment long enough that the entity at the end of `tail` starts three
+  // bytes before the part's 64 kB mark, then `tail`.
+  auto across64k = [](const std::string& before, const std::string& tail) {
+    const std::size_t entityAt = before.size() + 7 + tail.rfind("&amp;");
+    return before + "<!--" + std::string(65536 - 3 - entityAt, '-') + "-->" + tail;
   };
-  std::mt19937 random(20240601);
-  std::string path = folder.file("mutated.xlsx");
-  int loaded = 0;
-  for (int round = 0; round < 450; ++round) {
-    std::string bytes = samples[round % std::size(samples)];
-    int changes = 1 + static_cast<int>(random() % 8);
-    for (int i = 0; i < changes; ++i) {
-      size_t at = random() % bytes.size();
-      switch (random() % 3) {
-        case 0:
-          bytes[at] = static_cast<char>(random());
-          break;
-        case 1:
-          bytes.erase(at, 1 + random() % 16);
-          break;
-        default:
-          bytes.insert(at, std::string(1 + random() % 4, static_cast<char>(random())));
-      }
-      if (bytes.empty()) bytes = "x";
-    }
-    writeFile(path, bytes);
-    auto fresh = appWithCacheFunction();
-    LoadResult result = loadWorkbook(*fresh, path);
-    if (result.ok()) {
-      ++loaded;
-      EXPECT_EQ(fresh->workbookNames(), std::vector<std::string>{"mutated.xlsx"});
-    } else {
-      EXPECT_TRUE(fresh->workbookNames().empty()) << result.problem->message;
-      EXPECT_FALSE(result.problem->reason.empty());
+  auto xlsx = [](const std::string& part, const std::string& text) {
+    return testing::xlsxArchive({{"S", "<row r=\"1\"><c r=\"A1\"><v>1</v></c></row>"}}, {"x"})
+        .replace(part, text)
+        .bytes();
+  };
+  auto ods = [](const std::string& text) {
+    return ZipBuilder()
+        .add("mimetype", "application/vnd.oasis.opendocument.spreadsheet")
+        .add("content.xml", text)
+        .bytes();
+  };
+  const std::string name = sheets + "<definedNames><definedName name=\"";
+  const std::string table = "<table:table table:name=\"";
+  struct Case {
+    const char* file;
+    std::string bytes;
+    bool mayLoad;
+  } cases[] = {
+      {"defined-name.xlsx", xlsx("xl/workbook.xml", workbook + name + "&b"), false},
+      {"defined-name-end.xlsx", xlsx("xl/workbook.xml", workbook + name + "&amp;&b;"), false},
+      {"defined-name-64k.xlsx", xlsx("xl/workbook.xml", across64k(workbook, name + "&amp;&b;")),
+       false},
+      {"sheet-name.xlsx", xlsx("xl/workbook.xml", workbook + "<sheets><sheet name=\"&amp;&b;"),
+       false},
+      {"shared-string.xlsx",
+       xlsx("xl/sharedStrings.xml", head + "<sst xmlns=\"" + main + "\"><si><t>&amp;&b;"), true},
+      {"table-name.ods", ods(content + table + "&1"), false},
+      {"table-name-end.ods", ods(content + table + "&amp;&1;"), false},
+      {"table-name-64k.ods", ods(across64k(content, table + "&amp;&1;")), false},
+      {"cell-text.ods",
+       ods(content + table + "S\"><table:table-row><table:table-cell><text:p>&amp;&1;"), true},
+  };
+  for (const Case& c : cases) {
+    std::string path = folder.file(c.file);
+    writeFile(path, c.bytes);
+    if (!c.mayLoad) {
+      expectRefused(path, "the file is damaged");
+    } else if (!loadWorkbook(*appWithCacheFunction(), path).ok()) {
+      expectRefused(path, "the file is damaged");
     }
   }
-  RecordProperty("loaded", loaded);
 }
 
 }  // namespace

@@ -112,9 +112,8 @@ namespace {
 // Both xlsx builders: the sheets listed in order, each in its own part, then an optional
 // shared-string table and defined names. Relationship ids start at rId7 so that nothing may
 // take them for sheet positions.
-std::string xlsxArchive(const std::vector<XlsxSheetPart>& sheets,
-                        const std::vector<std::string>& sharedStrings,
-                        std::string_view definedNames) {
+ZipBuilder xlsxZip(const std::vector<XlsxSheetPart>& sheets,
+                   const std::vector<std::string>& sharedStrings, std::string_view definedNames) {
   const std::string main = "http://schemas.openxmlformats.org/spreadsheetml/2006/main";
   const std::string rel = "http://schemas.openxmlformats.org/officeDocument/2006/relationships";
   const std::string pkg = "http://schemas.openxmlformats.org/package/2006/relationships";
@@ -166,23 +165,33 @@ std::string xlsxArchive(const std::vector<XlsxSheetPart>& sheets,
                           : "<?xml version=\"1.0\" encoding=\"UTF-8\"?><worksheet xmlns=\"" + main +
                                 "\"><sheetData>" + s.content + "</sheetData></worksheet>");
   }
-  return zip.bytes();
+  return zip;
+}
+
+std::vector<XlsxSheetPart> plainParts(
+    const std::vector<std::pair<std::string, std::string>>& sheets) {
+  std::vector<XlsxSheetPart> parts;
+  for (size_t i = 0; i < sheets.size(); ++i) {
+    const std::string file = "worksheets/sheet" + std::to_string(i + 1) + ".xml";
+    parts.push_back({sheets[i].first, "xl/" + file, file, sheets[i].second});
+  }
+  return parts;
 }
 
 }  // namespace
 
 std::string xlsxFile(const std::vector<std::pair<std::string, std::string>>& sheets,
                      const std::vector<std::string>& sharedStrings, std::string_view definedNames) {
-  std::vector<XlsxSheetPart> parts;
-  for (size_t i = 0; i < sheets.size(); ++i) {
-    const std::string file = "worksheets/sheet" + std::to_string(i + 1) + ".xml";
-    parts.push_back({sheets[i].first, "xl/" + file, file, sheets[i].second});
-  }
-  return xlsxArchive(parts, sharedStrings, definedNames);
+  return xlsxZip(plainParts(sheets), sharedStrings, definedNames).bytes();
+}
+
+ZipBuilder xlsxArchive(const std::vector<std::pair<std::string, std::string>>& sheets,
+                       const std::vector<std::string>& sharedStrings) {
+  return xlsxZip(plainParts(sheets), sharedStrings, {});
 }
 
 std::string xlsxPackage(const std::vector<XlsxSheetPart>& sheets) {
-  return xlsxArchive(sheets, {}, {});
+  return xlsxZip(sheets, {}, {}).bytes();
 }
 
 void writeFile(const std::string& path, std::string_view bytes) {

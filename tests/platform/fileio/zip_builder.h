@@ -15,6 +15,16 @@ class ZipBuilder {
     entries_.emplace_back(std::move(name), std::move(content));
     return *this;
   }
+  // Puts `content` in place of the entry's, where it was; adds the entry when there is none.
+  ZipBuilder& replace(const std::string& name, std::string content) {
+    for (auto& [entry, bytes] : entries_) {
+      if (entry == name) {
+        bytes = std::move(content);
+        return *this;
+      }
+    }
+    return add(name, std::move(content));
+  }
   // The archive: local headers with data, the central directory and its end record.
   std::string bytes() const;
 
@@ -32,6 +42,10 @@ std::string odsFile(std::string_view body);
 std::string xlsxFile(const std::vector<std::pair<std::string, std::string>>& sheets,
                      const std::vector<std::string>& sharedStrings = {},
                      std::string_view definedNames = "");
+// The same file as an archive still open to changes ("xl/workbook.xml", "xl/sharedStrings.xml",
+// "xl/worksheets/sheet1.xml"...; the first sheet's relationship id is rId7).
+ZipBuilder xlsxArchive(const std::vector<std::pair<std::string, std::string>>& sheets,
+                       const std::vector<std::string>& sharedStrings = {});
 
 struct XlsxSheetPart {
   std::string name;     // as listed in the workbook part, in this order
