@@ -118,24 +118,40 @@ void fill(workbook::InMemoryApplication& app, const std::string& bookName,
   app.activateSheet(bookName, image.sheets.front().name);
 }
 
-}  // namespace
-
-LoadResult loadWorkbook(workbook::InMemoryApplication& app, const std::string& path,
-                        ReadIn readIn) {
-  std::string bookName = fs::path(path).filename().string();
+// Why `path` cannot become a workbook of `app` whatever it holds, or "".
+std::string nameProblem(const workbook::InMemoryApplication& app, const std::string& path,
+                        std::string& bookName) {
+  bookName = fs::path(path).filename().string();
   if (!workbook::isValidWorkbookName(bookName)) {
-    return failed(path, "\"" + bookName + "\" cannot be a workbook name");
+    return "\"" + bookName + "\" cannot be a workbook name";
   }
   if (app.model().findWorkbook(bookName)) {
-    return failed(path, "a workbook named \"" + bookName + "\" is already open");
+    return "a workbook named \"" + bookName + "\" is already open";
+  }
+  return "";
+}
+
+}  // namespace
+
+LoadResult loadWorkbook(workbook::InMemoryApplication& app, const std::string& path) {
+  std::string bookName;
+  if (std::string problem = nameProblem(app, path, bookName); !problem.empty()) {
+    return failed(path, problem);
   }
   std::string reason;
   std::optional<std::string> bytes = readWholeFile(path, reason);
   if (!bytes) return failed(path, reason);
-
-  SpreadsheetReadResult read =
-      readIn == ReadIn::ChildProcess ? readSpreadsheetInChild(*bytes) : readSpreadsheet(*bytes);
+  SpreadsheetReadResult read = readSpreadsheetInChild(*bytes);
   bytes.reset();
+  return openReadResult(app, path, std::move(read));
+}
+
+LoadResult openReadResult(workbook::InMemoryApplication& app, const std::string& path,
+                          SpreadsheetReadResult read) {
+  std::string bookName;
+  if (std::string problem = nameProblem(app, path, bookName); !problem.empty()) {
+    return failed(path, problem);
+  }
   if (!read.image) return failed(path, read.failure);
   if (std::string problem = sheetProblem(*read.image); !problem.empty()) {
     return failed(path, problem);

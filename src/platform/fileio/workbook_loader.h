@@ -4,6 +4,7 @@
 #include <string>
 
 #include "platform/fileio/file_result.h"
+#include "platform/fileio/spreadsheet_reader.h"
 #include "platform/workbook/in_memory_application.h"
 
 namespace kxc::fileio {
@@ -26,10 +27,14 @@ inline constexpr std::size_t kMaxFileBytes = std::size_t{512} << 20;
 //
 // The file is read in a child process (child_process_reader.h): the import library can crash
 // or stop on an assertion with crafted files, and that must not end the program with the
-// user's open workbooks. A file that ends the child is refused as damaged. InProcess is for
-// the fuzz targets, which need the reader's coverage in their own process.
-enum class ReadIn { ChildProcess, InProcess };
-LoadResult loadWorkbook(workbook::InMemoryApplication& app, const std::string& path,
-                        ReadIn readIn = ReadIn::ChildProcess);
+// user's open workbooks. A file that ends the child is refused as damaged.
+LoadResult loadWorkbook(workbook::InMemoryApplication& app, const std::string& path);
+
+// The second half of loadWorkbook: makes the workbook from what was read from `path` (a failed
+// read, sheet names the workbook does not allow and an open workbook of that name give the
+// problem and change nothing). For callers that read the bytes themselves, such as the fuzz
+// targets, which need the reader in their own process.
+LoadResult openReadResult(workbook::InMemoryApplication& app, const std::string& path,
+                          SpreadsheetReadResult read);
 
 }  // namespace kxc::fileio

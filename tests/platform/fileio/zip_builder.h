@@ -58,7 +58,7 @@ struct XlsxSheetPart {
 // pointed at by `target` (relative or absolute), for files laid out as other programs do.
 std::string xlsxPackage(const std::vector<XlsxSheetPart>& sheets);
 
-// Writes bytes to a file; fails the test when it cannot.
+// Writes bytes to a file; throws std::runtime_error (failing the test) when it cannot.
 void writeFile(const std::string& path, std::string_view bytes);
 std::string readFile(const std::string& path);
 
