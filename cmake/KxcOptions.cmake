@@ -9,7 +9,13 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
 endif()
 
 add_library(kxc_sanitizers INTERFACE)
-if(KXC_SANITIZE)
+if(KXC_FUZZ)
+  # Every library of the fuzz build carries libFuzzer's coverage and the sanitizers; the
+  # targets add the fuzzer's main when they link.
+  target_compile_options(kxc_sanitizers INTERFACE -fsanitize=fuzzer-no-link,address,undefined
+    -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
+  target_link_options(kxc_sanitizers INTERFACE -fsanitize=address,undefined)
+elseif(KXC_SANITIZE)
   target_compile_options(kxc_sanitizers INTERFACE
     -fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
   target_link_options(kxc_sanitizers INTERFACE -fsanitize=address,undefined)
