@@ -6,8 +6,9 @@
 #include <vector>
 
 #include "command_registry.h"
-#include "engine/cache_engine.h"
-#include "engine/display_format.h"
+#include "engine/contract/cache_engine.h"
+#include "engine/contract/display_format.h"
+#include "engine/engine_registration.h"
 #include "platform/runtime_error.h"
 
 namespace kxc::cli {
@@ -125,7 +126,8 @@ int run(const std::vector<std::string>& args) {
   // Samples belong in the user's own database, not in a file named for one job.
   options.generateSamples = o.db.empty();
   try {
-    engine::CacheEngine e(options);
+    auto made = engine::makeEngine(options);
+    engine::CacheEngine& e = *made;
     const std::string& verb = o.words[0];
     if (verb == "list" && o.words.size() == 1) return list(e);
     if (verb == "import") return import(e, o);

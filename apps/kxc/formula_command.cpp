@@ -7,8 +7,9 @@
 #include <vector>
 
 #include "command_registry.h"
-#include "engine/cache_engine.h"
-#include "engine/engine_object.h"
+#include "engine/contract/cache_engine.h"
+#include "engine/contract/engine_object.h"
+#include "engine/engine_registration.h"
 #include "grammar/cache_formula_json.h"
 #include "grammar/parse_formula.h"
 #include "grammar/write_cache_formula.h"
@@ -138,8 +139,7 @@ int parseCommand(const Options& o, ConsoleServices& console) {
     engine::EngineOptions options;
     options.databasePath = o.db;
     options.generateSamples = false;
-    gCacheEngine =
-        std::make_shared<engine::EngineObject>(std::make_shared<engine::CacheEngine>(options));
+    gCacheEngine = std::make_shared<engine::EngineObject>(engine::makeEngine(options));
   }
   CacheFormula record = ParseFormula(o.words[1]);
   std::fputs(cacheFormulaToJson(record).c_str(), stdout);

@@ -5,7 +5,7 @@
 #include <functional>
 #include <string>
 
-#include "engine/csv_import.h"
+#include "engine/contract/csv_import.h"
 #include "platform/dispatch.h"
 
 class QPushButton;

@@ -3,9 +3,9 @@
 #include <QPointer>
 
 #include "cache_manager_window.h"
-#include "engine/cache_function.h"
+#include "engine/contract/cache_function.h"
+#include "engine/contract/manager_object.h"
 #include "engine/engine_registration.h"
-#include "engine/manager_object.h"
 #include "facade/add_in_setup.h"
 #include "form_views.h"
 #include "platform/catalogue/catalogue_reader.h"

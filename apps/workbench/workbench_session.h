@@ -7,9 +7,9 @@
 #include <memory>
 #include <string>
 
-#include "engine/cache_engine.h"
-#include "engine/csv_import.h"
-#include "engine/engine_options.h"
+#include "engine/contract/cache_engine.h"
+#include "engine/contract/csv_import.h"
+#include "engine/contract/engine_options.h"
 #include "facade/cache_ui.h"
 #include "platform/dispatch.h"
 #include "platform/services.h"

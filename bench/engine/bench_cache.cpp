@@ -5,8 +5,10 @@
 #include <cstdlib>
 #include <filesystem>
 
-#include "engine/cache_schema.h"
-#include "engine/sample_data.h"
+#include "engine/contract/sample_data.h"
+#include "engine/embedded/cache_schema.h"
+#include "engine/embedded/embedded_backend.h"
+#include "engine/engine_registration.h"
 
 namespace kxc::engine::bench {
 
@@ -23,10 +25,10 @@ BenchCache::BenchCache() {
   std::fprintf(stderr, "generating %lld transactions in %s ...\n",
                static_cast<long long>(kBenchRows), path_.c_str());
   {
-    CacheStore store(path_);
-    cacheId_ = generateSalesCache(store, kBenchCache, kBenchRows);
+    EmbeddedBackend backend(path_);
+    cacheId_ = generateSalesCache(backend, kBenchCache, kBenchRows);
     // What a SQL engine would be given to answer the same questions.
-    Database& db = store.database();
+    Database& db = backend.store().database();
     for (int d = 1; d <= 6; ++d) {
       std::string n = std::to_string(d);
       db.exec("CREATE INDEX fact_d" + n + " ON " + factTable(cacheId_) + "(d" + n + ")");
@@ -38,11 +40,11 @@ BenchCache::BenchCache() {
   options.databasePath = path_;
   options.generateSamples = false;
   options.memoize = false;
-  engine_ = std::make_unique<CacheEngine>(options);
+  engine_ = makeEngine(options);
   engine_->ensureCacheLoad(Variant(kBenchCache));
   sql_ = std::make_unique<Database>(path_);
 
-  const LoadedCache& c = engine_->cache(Variant(kBenchCache));
+  const CacheModel& c = engine_->model(Variant(kBenchCache));
   for (const auto& d : c.definition().dimensions) {
     values_.emplace_back();
     for (const auto& m : d.members) values_.back().push_back(m.value);

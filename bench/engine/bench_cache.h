@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "engine/cache_engine.h"
-#include "engine/sqlite_database.h"
+#include "engine/contract/cache_engine.h"
+#include "engine/embedded/sqlite_database.h"
 #include "platform/variant.h"
 
 namespace kxc::engine::bench {
@@ -39,7 +39,7 @@ class BenchCache {
   std::string folder_;
   std::string path_;
   int64_t cacheId_ = 0;
-  std::unique_ptr<CacheEngine> engine_;
+  std::shared_ptr<CacheEngine> engine_;
   std::unique_ptr<Database> sql_;
   std::vector<FilterSet> sets_;
   std::vector<std::vector<std::string>> values_;  // [dimension][member]

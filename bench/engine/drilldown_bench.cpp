@@ -3,10 +3,10 @@
 #include <benchmark/benchmark.h>
 
 #include "bench_cache.h"
-#include "engine/cache_schema.h"
-#include "engine/display_format.h"
-#include "engine/drilldown.h"
-#include "engine/engine_object.h"
+#include "engine/contract/display_format.h"
+#include "engine/contract/drilldown.h"
+#include "engine/contract/engine_object.h"
+#include "engine/embedded/cache_schema.h"
 #include "grid_double.h"
 
 namespace kxc::engine::bench {

@@ -3,7 +3,8 @@
 #include <benchmark/benchmark.h>
 
 #include "bench_cache.h"
-#include "engine/cache_schema.h"
+#include "engine/embedded/cache_schema.h"
+#include "engine/engine_registration.h"
 
 namespace kxc::engine::bench {
 namespace {
@@ -14,8 +15,8 @@ void BM_EnsureCacheLoad(benchmark::State& state) {
   options.databasePath = b.databasePath();
   options.generateSamples = false;
   for (auto _ : state) {
-    CacheEngine engine(options);
-    benchmark::DoNotOptimize(engine.ensureCacheLoad(Variant(kBenchCache)));
+    auto engine = makeEngine(options);
+    benchmark::DoNotOptimize(engine->ensureCacheLoad(Variant(kBenchCache)));
   }
 }
 

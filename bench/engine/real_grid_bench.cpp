@@ -2,7 +2,7 @@
 #include <benchmark/benchmark.h>
 
 #include "bench_cache.h"
-#include "engine/engine_object.h"
+#include "engine/contract/engine_object.h"
 #include "platform/controls/grid.h"
 
 namespace kxc::engine::bench {

@@ -3,8 +3,8 @@
 #include <benchmark/benchmark.h>
 
 #include "bench_cache.h"
-#include "engine/cache_function.h"
-#include "engine/engine_object.h"
+#include "engine/contract/cache_function.h"
+#include "engine/contract/engine_object.h"
 #include "platform/workbook/in_memory_application.h"
 
 namespace kxc::engine::bench {

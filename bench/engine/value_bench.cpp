@@ -6,7 +6,7 @@
 #include <map>
 
 #include "bench_cache.h"
-#include "engine/cache_schema.h"
+#include "engine/embedded/cache_schema.h"
 
 namespace kxc::engine::bench {
 namespace {

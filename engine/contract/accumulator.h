@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <limits>
 
-#include "engine/cache_definition.h"
+#include "engine/contract/cache_definition.h"
 
 namespace kxc::engine {
 

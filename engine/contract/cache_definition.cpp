@@ -1,5 +1,6 @@
-#include "engine/cache_definition.h"
+#include "engine/contract/cache_definition.h"
 
+#include "platform/runtime_error.h"
 #include "platform/text_rules.h"
 
 namespace kxc::engine {
@@ -28,6 +29,16 @@ std::optional<Aggregation> parseAggregation(std::string_view name) {
   if (up == "MAX") return Aggregation::Max;
   if (up == "AVERAGE" || up == "AVG") return Aggregation::Average;
   return std::nullopt;
+}
+
+void checkCacheShape(const std::string& name, size_t dimensions, size_t measures) {
+  if (trimBlanks(name).empty()) throw RuntimeError(err::kInvalidCall, "A cache needs a name");
+  if (dimensions == 0) throw RuntimeError(err::kInvalidCall, "A cache needs a dimension");
+  if (dimensions > static_cast<size_t>(kMaxDimensions)) {
+    throw RuntimeError(err::kInvalidCall,
+                       "A cache has at most " + std::to_string(kMaxDimensions) + " dimensions");
+  }
+  if (measures == 0) throw RuntimeError(err::kInvalidCall, "A cache needs a measure");
 }
 
 }  // namespace kxc::engine

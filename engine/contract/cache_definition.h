@@ -52,4 +52,8 @@ struct CacheSummary {
 // Most dimension filters a call can carry, and so most dimensions a cache may have.
 inline constexpr int kMaxDimensions = 20;
 
+// Raises 5 for a cache that cannot be made: an empty (or blank) name, no dimension, more than
+// kMaxDimensions dimensions, or no measure.
+void checkCacheShape(const std::string& name, size_t dimensions, size_t measures);
+
 }  // namespace kxc::engine

@@ -1,14 +1,14 @@
-#include "engine/cache_engine.h"
+#include "engine/contract/cache_engine.h"
 
 #include <cmath>
 #include <ctime>
 
-#include "engine/aggregation.h"
-#include "engine/display_format.h"
-#include "engine/engine_errors.h"
-#include "engine/filter_parser.h"
-#include "engine/sample_data.h"
-#include "engine/write_back.h"
+#include "engine/contract/display_format.h"
+#include "engine/contract/engine_errors.h"
+#include "engine/contract/filter_parser.h"
+#include "engine/contract/sample_data.h"
+#include "engine/contract/write_back.h"
+#include "platform/error_report.h"
 #include "platform/text_rules.h"
 
 namespace kxc::engine {
@@ -45,7 +45,7 @@ std::optional<int64_t> wholeNumber(const Variant& v) {
   return static_cast<int64_t>(d);
 }
 
-std::string describeFilters(const LoadedCache& c, std::span<const Variant> filters) {
+std::string describeFilters(const CacheModel& c, std::span<const Variant> filters) {
   std::string out;
   for (int d = 0; d < c.dimensionCount(); ++d) {
     if (d > 0) out += ", ";
@@ -57,35 +57,26 @@ std::string describeFilters(const LoadedCache& c, std::span<const Variant> filte
 
 }  // namespace
 
-CacheEngine::CacheEngine(EngineOptions options) : options_(std::move(options)) {}
+CacheEngine::CacheEngine(EngineOptions options, std::string location, BackendOpener open)
+    : options_(std::move(options)), location_(std::move(location)), open_(std::move(open)) {}
 
 CacheEngine::~CacheEngine() = default;
 
-std::string CacheEngine::databasePath() const { return resolvedDatabasePath(options_); }
-
-CacheStore& CacheEngine::store() {
-  if (!store_) {
-    auto store = std::make_unique<CacheStore>(databasePath());
-    if (options_.generateSamples) {
-      Database& db = store->database();
-      auto done = db.prepare("SELECT 1 FROM engine_meta WHERE key = 'samples'");
-      bool generated = done.step();
-      done.reset();
-      if (!generated && store->listCaches().empty()) {
-        generateSampleCaches(*store, options_.sampleSalesRows);
-      }
-      if (!generated) {
-        db.prepare("INSERT OR REPLACE INTO engine_meta(key, value) VALUES ('samples', '1')").run();
-      }
+CacheBackend& CacheEngine::backend() {
+  if (!backend_) {
+    std::unique_ptr<CacheBackend> backend = open_();
+    if (options_.generateSamples && !backend->samplesConsidered()) {
+      if (backend->listCaches().empty()) generateSampleCaches(*backend, options_.sampleSalesRows);
+      backend->markSamplesConsidered();
     }
-    store_ = std::move(store);
+    backend_ = std::move(backend);
   }
-  return *store_;
+  return *backend_;
 }
 
 const std::vector<CacheSummary>& CacheEngine::catalogue() {
   if (!catalogueRead_) {
-    catalogue_ = store().listCaches();
+    catalogue_ = backend().listCaches();
     catalogueRead_ = true;
   }
   return catalogue_;
@@ -148,26 +139,26 @@ int64_t CacheEngine::transactionCount(const Variant& cacheArg) {
   const CacheSummary* s = resolve(cacheArg);
   if (!s) throw unknownCache(cacheArg.toText());
   auto it = loaded_.find(s->id);
-  return it != loaded_.end() ? static_cast<int64_t>(it->second->rowCount()) : s->transactionCount;
+  return it != loaded_.end() ? it->second->transactionCount() : s->transactionCount;
 }
 
-LoadedCache& CacheEngine::load(const CacheSummary& summary) {
+CacheHandle& CacheEngine::load(const CacheSummary& summary) {
   auto it = loaded_.find(summary.id);
-  if (it != loaded_.end()) return *it->second;
-  CacheDefinition def;
-  CacheColumns cols;
-  store().load(summary.id, def, cols);
-  auto cache = std::make_unique<LoadedCache>(summary.id, std::move(def), std::move(cols));
+  if (it != loaded_.end()) {
+    if (it->second->current()) return *it->second;
+    forget(summary.id);
+  }
+  std::unique_ptr<CacheHandle> cache = backend().open(summary);
   return *loaded_.emplace(summary.id, std::move(cache)).first->second;
 }
 
-LoadedCache& CacheEngine::cache(const Variant& cache) {
+CacheHandle& CacheEngine::cache(const Variant& cache) {
   const CacheSummary* s = resolve(cache);
   if (!s) throw unknownCache(cache.toText());
   return load(*s);
 }
 
-int CacheEngine::measureNumber(const LoadedCache& c, const Variant& measure) {
+int CacheEngine::measureNumber(const CacheModel& c, const Variant& measure) {
   if (measure.isObject() || measure.isError()) throw RuntimeError(err::kTypeMismatch);
   if (auto n = wholeNumber(measure)) {
     if (*n < 1 || *n > c.measureCount())
@@ -186,7 +177,8 @@ int CacheEngine::measureNumber(const LoadedCache& c, const Variant& measure) {
 
 double CacheEngine::value(const Variant& cacheArg, const Variant& measureArg, int aggregationType,
                           std::span<const Variant> filters) {
-  LoadedCache& c = cache(cacheArg);
+  CacheHandle& handle = cache(cacheArg);
+  const CacheModel& c = handle.model();
   int m = measureNumber(c, measureArg);
   Aggregation agg = chooseAggregation(c.definition().measures[m], aggregationType);
   std::optional<std::string> key;
@@ -196,58 +188,48 @@ double CacheEngine::value(const Variant& cacheArg, const Variant& measureArg, in
       if (auto hit = memo_.find(c.id(), *key)) return *hit;
     }
   }
-  double result = aggregate(c, m, parseFilters(c, filters)).result(agg);
+  ValueRequest request{m, parseFilters(c, filters)};
+  Accumulator acc;
+  handle.aggregate(std::span<const ValueRequest>(&request, 1), std::span<Accumulator>(&acc, 1));
+  double result = acc.result(agg);
   if (key) memo_.store(c.id(), std::move(*key), result);
   return result;
 }
 
 std::string CacheEngine::formatValue(const Variant& cacheArg, const Variant& measureArg, double v) {
-  LoadedCache& c = cache(cacheArg);
+  const CacheModel& c = model(cacheArg);
   return formatDisplay(v, c.definition().measures[measureNumber(c, measureArg)].format);
 }
 
 void CacheEngine::writeBack(const Variant& cacheArg, const Variant& measureArg, int aggregationType,
                             double newValue, std::span<const Variant> filters) {
-  LoadedCache& c = cache(cacheArg);
+  CacheHandle& handle = cache(cacheArg);
+  const CacheModel& c = handle.model();
   int m = measureNumber(c, measureArg);
   const MeasureDef& def = c.definition().measures[m];
   Aggregation agg = chooseAggregation(def, aggregationType);
-  std::vector<AdjustingRow> rows = planWriteBack(c, m, agg, parseFilters(c, filters), newValue);
+  std::vector<AdjustingRow> rows =
+      planWriteBack(handle, m, agg, parseFilters(c, filters), newValue);
   if (rows.empty()) return;
-  std::string description = c.name() + " / " + def.caption + " at " + describeFilters(c, filters) +
-                            " = " + formatNumber(newValue);
-  std::string date = today();
-  JournalEntry entry =
-      store().appendJournal(c.id(), m + 1, c.measureCount(), newValue, description, rows, date);
-  memo_.invalidate(c.id());
-  if (entry.firstSeq != static_cast<int64_t>(c.rowCount()) + 1) {
-    forget(c.id());  // another program changed the cache: read it afresh next time
-    return;
-  }
-  std::vector<std::vector<int32_t>> members;
-  std::vector<double> values;
-  for (auto& r : rows) members.push_back(std::move(r.members)), values.push_back(r.value);
-  c.appendRows(members, m, values, date, "Write-back " + std::to_string(entry.id));
+  WriteBackRecord record{m, newValue,
+                         c.name() + " / " + def.caption + " at " + describeFilters(c, filters) +
+                             " = " + formatNumber(newValue),
+                         today()};
+  memo_.invalidate(c.id());  // whether the write succeeds or not, remembered values may be old
+  handle.writeBack(record, rows);
 }
 
 bool CacheEngine::undoWriteBack() {
-  std::optional<JournalEntry> entry = store().undoLast();
+  std::optional<JournalEntry> entry = backend().undoLastWriteBack();
   if (!entry) return false;
   memo_.invalidate(entry->cacheId);
   auto it = loaded_.find(entry->cacheId);
-  if (it != loaded_.end()) {
-    LoadedCache& c = *it->second;
-    if (static_cast<int64_t>(c.rowCount()) == entry->firstSeq - 1 + entry->rowCount) {
-      c.truncate(static_cast<size_t>(entry->firstSeq - 1));
-    } else {
-      forget(entry->cacheId);
-    }
-  }
+  if (it != loaded_.end() && !it->second->undone(*entry)) forget(entry->cacheId);
   return true;
 }
 
 std::string CacheEngine::lastWriteBack() {
-  auto entry = store().lastJournal();
+  auto entry = backend().lastWriteBack();
   return entry ? entry->description : std::string();
 }
 
@@ -263,20 +245,27 @@ size_t CacheEngine::populateTransactions(const Variant& cacheArg, const ObjectRe
     clearGrid(grid);
     return 0;
   }
-  LoadedCache& c = cache(chosen);
+  CacheHandle& handle = cache(chosen);
+  const CacheModel& c = handle.model();
   std::vector<std::vector<MemberFilter>> parsed;
   for (const auto& cr : criteria_) {
     const CacheSummary* s = resolve(cr.cache);
     if (s && s->id == c.id()) parsed.push_back(parseFilters(c, cr.filters));
   }
-  std::vector<RowId> rows = unionOfMatches(c, parsed);
-  fillGrid(c, rows, grid);
-  return rows.size();
+  GridFiller filler(c, grid);
+  try {
+    handle.drill(parsed, filler);
+    return filler.finish();
+  } catch (...) {
+    // Rows already shown may be a part of the answer: take them away again.
+    ignoringErrors([&] { clearGrid(grid); });
+    throw;
+  }
 }
 
 int32_t CacheEngine::importCsv(const std::string& file, const std::string& cacheName,
                                const ImportProgress& progress) {
-  int64_t id = engine::importCsv(store(), file, cacheName, progress);
+  int64_t id = engine::importCsv(backend(), file, cacheName, progress);
   catalogueRead_ = false;
   const auto& all = catalogue();
   for (size_t i = 0; i < all.size(); ++i) {
@@ -289,7 +278,7 @@ void CacheEngine::deleteCache(const Variant& cacheArg) {
   const CacheSummary* s = resolve(cacheArg);
   if (!s) throw unknownCache(cacheArg.toText());
   int64_t id = s->id;
-  store().deleteCache(id);
+  backend().deleteCache(id);
   forget(id);
   catalogueRead_ = false;
 }
@@ -308,7 +297,7 @@ void CacheEngine::refresh() {
 void CacheEngine::shutdown() {
   refresh();
   catalogue_.clear();
-  store_.reset();
+  backend_.reset();
 }
 
 }  // namespace kxc::engine

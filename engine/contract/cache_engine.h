@@ -1,20 +1,20 @@
-// The engine core: the store, the loaded caches, the memo and the pending drill-down, with a
+// The engine core: the backend, the opened caches, the memo and the pending drill-down, with a
 // typed interface that the dispatch objects, the worksheet function and the kxc tool share.
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <memory>
 #include <span>
 #include <string>
 #include <vector>
 
-#include "engine/cache_store.h"
-#include "engine/csv_import.h"
-#include "engine/drilldown.h"
-#include "engine/engine_options.h"
-#include "engine/loaded_cache.h"
-#include "engine/value_memo.h"
+#include "engine/contract/cache_backend.h"
+#include "engine/contract/csv_import.h"
+#include "engine/contract/drilldown.h"
+#include "engine/contract/engine_options.h"
+#include "engine/contract/value_memo.h"
 #include "platform/dispatch.h"
 
 namespace kxc::engine {
@@ -23,19 +23,22 @@ namespace kxc::engine {
 // number or a number text. Measure arguments are 1-based indices (number or number text) or a
 // measure caption. Dimension and member indices are 1-based.
 //
-// The database opens on first use (creating folders and, once per database, the sample caches
-// when the options ask for them) and again after shutdown(). Every failure raises a
-// RuntimeError with an engine number (see engine_errors.h) or a standard one; nothing is left
-// half-written. Single-threaded: call from one thread.
+// The backend opens on first use (and, once per store, writes the sample caches when the
+// options ask for them) and again after shutdown(). Every failure raises a RuntimeError with an
+// engine number (see engine_errors.h) or a standard one; nothing is left half-written.
+// Single-threaded: call from one thread.
 class CacheEngine {
  public:
-  explicit CacheEngine(EngineOptions options = {});
+  using BackendOpener = std::function<std::unique_ptr<CacheBackend>()>;
+
+  // `location` names the store for DatabasePath (a file or an engine URL); `open` opens it.
+  CacheEngine(EngineOptions options, std::string location, BackendOpener open);
   ~CacheEngine();
   CacheEngine(const CacheEngine&) = delete;
   CacheEngine& operator=(const CacheEngine&) = delete;
 
   const EngineOptions& options() const { return options_; }
-  std::string databasePath() const;
+  const std::string& databasePath() const { return location_; }
 
   // --- caches ---
   int32_t cacheCount();
@@ -45,10 +48,11 @@ class CacheEngine {
   std::vector<CacheSummary> listCaches();         // fresh counts from the database
   // Transactions of a cache without loading it; 30001 when unknown.
   int64_t transactionCount(const Variant& cache);
-  // The cache, loaded when needed; 30001 when unknown, 13 for an object or error value.
-  LoadedCache& cache(const Variant& cache);
+  // The cache, opened when needed; 30001 when unknown, 13 for an object or error value.
+  CacheHandle& cache(const Variant& cache);
+  const CacheModel& model(const Variant& cache) { return this->cache(cache).model(); }
   // 0-based measure number; 30004 when the cache has no such measure.
-  int measureNumber(const LoadedCache& cache, const Variant& measure);
+  int measureNumber(const CacheModel& cache, const Variant& measure);
 
   // --- values ---
   // `aggregationType` 0 uses the measure's own aggregation, 1-5 select sum, count, min, max,
@@ -83,20 +87,22 @@ class CacheEngine {
   // Releases the loaded caches and closes the database; the next call reopens it.
   void shutdown();
 
-  // The store, opened when needed (for tools and benchmarks).
-  CacheStore& store();
+  // The backend, opened when needed (for tools, tests and benchmarks).
+  CacheBackend& backend();
 
  private:
   const std::vector<CacheSummary>& catalogue();
   const CacheSummary* resolve(const Variant& cache);
-  LoadedCache& load(const CacheSummary& summary);
+  CacheHandle& load(const CacheSummary& summary);
   void forget(int64_t cacheId);
 
   EngineOptions options_;
-  std::unique_ptr<CacheStore> store_;
+  std::string location_;
+  BackendOpener open_;
+  std::unique_ptr<CacheBackend> backend_;
   std::vector<CacheSummary> catalogue_;
   bool catalogueRead_ = false;
-  std::map<int64_t, std::unique_ptr<LoadedCache>> loaded_;
+  std::map<int64_t, std::unique_ptr<CacheHandle>> loaded_;
   ValueMemo memo_;
   std::vector<DrilldownCriteria> criteria_;
 };

@@ -1,9 +1,9 @@
-#include "engine/cache_function.h"
+#include "engine/contract/cache_function.h"
 
 #include <vector>
 
-#include "engine/cache_definition.h"
-#include "engine/engine_errors.h"
+#include "engine/contract/cache_definition.h"
+#include "engine/contract/engine_errors.h"
 
 namespace kxc::engine {
 

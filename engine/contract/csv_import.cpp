@@ -1,4 +1,4 @@
-#include "engine/csv_import.h"
+#include "engine/contract/csv_import.h"
 
 #include <filesystem>
 #include <fstream>
@@ -6,9 +6,8 @@
 #include <optional>
 #include <unordered_map>
 
-#include "engine/cache_writer.h"
-#include "engine/csv_reader.h"
-#include "engine/engine_errors.h"
+#include "engine/contract/csv_reader.h"
+#include "engine/contract/engine_errors.h"
 #include "platform/text_rules.h"
 #include "platform/variant.h"
 
@@ -149,7 +148,7 @@ struct MemberIndex {
 
 }  // namespace
 
-int64_t importCsv(CacheStore& store, const std::string& file, const std::string& cacheName,
+int64_t importCsv(CacheBackend& backend, const std::string& file, const std::string& cacheName,
                   const ImportProgress& progress) {
   ImportError error(file);
   std::ifstream in(file, std::ios::binary);
@@ -170,7 +169,7 @@ int64_t importCsv(CacheStore& store, const std::string& file, const std::string&
   if (!nextRecord()) throw error.whole("the file is empty");
   Layout layout = readHeader(fields, error);
 
-  CacheWriter writer(store, cacheName, layout.dimensions, layout.measures);
+  auto writer = backend.createCache(cacheName, layout.dimensions, layout.measures);
   std::vector<MemberIndex> members(layout.dimensions.size());
   std::vector<std::string> captions(layout.dimensions.size());
   std::vector<int32_t> rowMembers(layout.dimensions.size());
@@ -222,13 +221,13 @@ int64_t importCsv(CacheStore& store, const std::string& file, const std::string&
       auto& m = members[d].members[rowMembers[d]];
       if (!captions[d].empty() && m.caption == m.value) m.caption = captions[d];
     }
-    writer.addRow(rowMembers, rowValues, date, reference);
-    if (progress && writer.rowCount() % 4096 == 0) progress(reader.bytesRead(), total);
+    writer->addRow(rowMembers, rowValues, date, reference);
+    if (progress && writer->rowCount() % 4096 == 0) progress(reader.bytesRead(), total);
   }
-  if (writer.rowCount() == 0) throw error.whole("the file holds no transactions");
+  if (writer->rowCount() == 0) throw error.whole("the file holds no transactions");
   std::vector<std::vector<MemberDef>> lists;
   for (auto& m : members) lists.push_back(std::move(m.members));
-  int64_t id = writer.commit(lists);
+  int64_t id = writer->commit(lists);
   if (progress) progress(total, total);
   return id;
 }

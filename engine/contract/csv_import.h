@@ -11,17 +11,17 @@
 #include <functional>
 #include <string>
 
-#include "engine/cache_store.h"
+#include "engine/contract/cache_backend.h"
 
 namespace kxc::engine {
 
 // Called now and then with the bytes read so far and the file's size.
 using ImportProgress = std::function<void(uint64_t done, uint64_t total)>;
 
-// Imports `file` as a new cache `cacheName` in one database transaction and returns its key.
-// Any problem raises 30008 with "FILE:LINE: reason" (or "FILE: reason" when no line applies)
-// and leaves the database exactly as it was; an existing cache name raises 30010.
-int64_t importCsv(CacheStore& store, const std::string& file, const std::string& cacheName,
+// Imports `file` as a new cache `cacheName` through one builder of `backend` and returns its
+// key. Any problem raises 30008 with "FILE:LINE: reason" (or "FILE: reason" when no line
+// applies) and leaves the store exactly as it was; an existing cache name raises 30010.
+int64_t importCsv(CacheBackend& backend, const std::string& file, const std::string& cacheName,
                   const ImportProgress& progress = {});
 
 }  // namespace kxc::engine

@@ -1,4 +1,4 @@
-#include "engine/csv_reader.h"
+#include "engine/contract/csv_reader.h"
 
 #include "platform/runtime_error.h"
 

@@ -1,4 +1,4 @@
-#include "engine/display_format.h"
+#include "engine/contract/display_format.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,7 +1,6 @@
-#include "engine/drilldown.h"
+#include "engine/contract/drilldown.h"
 
-#include "engine/aggregation.h"
-#include "engine/display_format.h"
+#include "engine/contract/display_format.h"
 #include "platform/runtime_error.h"
 
 namespace kxc::engine {
@@ -25,19 +24,6 @@ void setBlock(const ObjectRef& grid, int32_t row, std::string text) {
 
 }  // namespace
 
-std::vector<RowId> unionOfMatches(const LoadedCache& cache,
-                                  std::span<const std::vector<MemberFilter>> criteria) {
-  std::vector<uint8_t> hit(cache.rowCount(), 0);
-  for (const auto& filters : criteria) {
-    forEachMatchingRow(cache, filters, [&](RowId r) { hit[r] = 1; });
-  }
-  std::vector<RowId> rows;
-  for (RowId r = 0; r < hit.size(); ++r) {
-    if (hit[r]) rows.push_back(r);
-  }
-  return rows;
-}
-
 void clearGrid(const ObjectRef& grid) {
   if (!grid) throw RuntimeError(err::kObjectRequired);
   invoke(grid, "ClearAll");
@@ -45,47 +31,55 @@ void clearGrid(const ObjectRef& grid) {
   setProperty(grid, "MaxRows", 0);
 }
 
-void fillGrid(const LoadedCache& cache, std::span<const RowId> rows, const ObjectRef& grid) {
-  if (!grid) throw RuntimeError(err::kObjectRequired);
-  const auto& def = cache.definition();
-  const int nd = cache.dimensionCount();
-  const int nm = cache.measureCount();
-  const int32_t cols = nd + nm + 2;
+GridFiller::GridFiller(const CacheModel& cache, ObjectRef grid)
+    : cache_(cache), grid_(std::move(grid)) {
+  if (!grid_) throw RuntimeError(err::kObjectRequired);
+}
 
-  clearGrid(grid);
-  setProperty(grid, "MaxCols", cols);
-  setProperty(grid, "MaxRows", static_cast<int32_t>(rows.size()));
+void GridFiller::begin(size_t rows) {
+  const auto& def = cache_.definition();
+  clearGrid(grid_);
+  setProperty(grid_, "MaxCols", cache_.dimensionCount() + cache_.measureCount() + 2);
+  setProperty(grid_, "MaxRows", static_cast<int32_t>(rows));
 
   std::string header;
   for (const auto& d : def.dimensions) appendCell(header, d.caption), header += '\t';
   for (const auto& m : def.measures) appendCell(header, m.caption), header += '\t';
   header += "Date\tReference";
-  setBlock(grid, 0, std::move(header));
+  setBlock(grid_, 0, std::move(header));
+  block_.clear();
+  pending_ = written_ = 0;
+}
 
-  const auto& columns = cache.columns();
-  std::string block;
-  size_t first = 0;
-  while (first < rows.size()) {
-    size_t last = std::min(rows.size(), first + kGridChunkRows);
-    block.clear();
-    for (size_t i = first; i < last; ++i) {
-      RowId r = rows[i];
-      if (i > first) block += '\n';
-      for (int d = 0; d < nd; ++d) {
-        appendCell(block, def.dimensions[d].members[columns.members[d][r]].value);
-        block += '\t';
-      }
-      for (int m = 0; m < nm; ++m) {
-        appendCell(block, formatDisplay(columns.values[m][r], def.measures[m].format));
-        block += '\t';
-      }
-      appendCell(block, columns.dates.at(r));
-      block += '\t';
-      appendCell(block, columns.references.at(r));
-    }
-    setBlock(grid, static_cast<int32_t>(first + 1), block);
-    first = last;
+void GridFiller::row(std::span<const int32_t> members, std::span<const double> values,
+                     std::string_view date, std::string_view reference) {
+  const auto& def = cache_.definition();
+  if (pending_ > 0) block_ += '\n';
+  for (size_t d = 0; d < members.size(); ++d) {
+    appendCell(block_, def.dimensions[d].members[members[d]].value);
+    block_ += '\t';
   }
+  for (size_t m = 0; m < values.size(); ++m) {
+    appendCell(block_, formatDisplay(values[m], def.measures[m].format));
+    block_ += '\t';
+  }
+  appendCell(block_, date);
+  block_ += '\t';
+  appendCell(block_, reference);
+  if (++pending_ == kGridChunkRows) flush();
+}
+
+void GridFiller::flush() {
+  if (pending_ == 0) return;
+  setBlock(grid_, static_cast<int32_t>(written_ + 1), block_);
+  written_ += pending_;
+  pending_ = 0;
+  block_.clear();
+}
+
+size_t GridFiller::finish() {
+  flush();
+  return written_;
 }
 
 }  // namespace kxc::engine

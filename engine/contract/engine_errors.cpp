@@ -1,4 +1,4 @@
-#include "engine/engine_errors.h"
+#include "engine/contract/engine_errors.h"
 
 namespace kxc::engine {
 

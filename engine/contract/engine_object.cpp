@@ -1,8 +1,8 @@
-#include "engine/engine_object.h"
+#include "engine/contract/engine_object.h"
 
 #include <vector>
 
-#include "engine/engine_errors.h"
+#include "engine/contract/engine_errors.h"
 
 namespace kxc::engine {
 
@@ -25,14 +25,14 @@ std::vector<Variant> filtersFrom(Arguments args, size_t first) {
 
 int32_t count(size_t n) { return static_cast<int32_t>(n); }
 
-const DimensionDef& dimensionAt(const LoadedCache& c, const Variant& index) {
+const DimensionDef& dimensionAt(const CacheModel& c, const Variant& index) {
   int32_t d = index.toInt32();
   if (d < 1 || d > c.dimensionCount())
     throw outOfRange("Dimension", d, c.dimensionCount(), c.name());
   return c.definition().dimensions[d - 1];
 }
 
-const MemberDef& memberAt(const LoadedCache& c, const DimensionDef& dim, const Variant& index) {
+const MemberDef& memberAt(const CacheModel& c, const DimensionDef& dim, const Variant& index) {
   int32_t j = index.toInt32();
   if (j < 1 || j > count(dim.members.size())) {
     throw RuntimeError(engine_err::kOutOfRange, "Member " + std::to_string(j) +
@@ -75,33 +75,33 @@ void EngineObject::addCatalogueMembers() {
   });
   table_.method("MeasureCount", [&e](Arguments a) {
     expectArgs(a, 1, 1);
-    return Variant(e.cache(argAt(a, 0)).measureCount());
+    return Variant(e.model(argAt(a, 0)).measureCount());
   });
   table_.method("MeasureCaption", [&e](Arguments a) {
     expectArgs(a, 2, 2);
-    LoadedCache& c = e.cache(argAt(a, 0));
+    const CacheModel& c = e.model(argAt(a, 0));
     return Variant(c.definition().measures[e.measureNumber(c, argAt(a, 1))].caption);
   });
   table_.method("DimensionCount", [&e](Arguments a) {
     expectArgs(a, 1, 1);
-    return Variant(e.cache(argAt(a, 0)).dimensionCount());
+    return Variant(e.model(argAt(a, 0)).dimensionCount());
   });
   table_.method("DimensionCaption", [&e](Arguments a) {
     expectArgs(a, 2, 2);
-    return Variant(dimensionAt(e.cache(argAt(a, 0)), argAt(a, 1)).caption);
+    return Variant(dimensionAt(e.model(argAt(a, 0)), argAt(a, 1)).caption);
   });
   table_.method("DimensionMemberCount", [&e](Arguments a) {
     expectArgs(a, 2, 2);
-    return Variant(count(dimensionAt(e.cache(argAt(a, 0)), argAt(a, 1)).members.size()));
+    return Variant(count(dimensionAt(e.model(argAt(a, 0)), argAt(a, 1)).members.size()));
   });
   table_.method("DimensionMemberValue", [&e](Arguments a) {
     expectArgs(a, 3, 3);
-    LoadedCache& c = e.cache(argAt(a, 0));
+    const CacheModel& c = e.model(argAt(a, 0));
     return Variant(memberAt(c, dimensionAt(c, argAt(a, 1)), argAt(a, 2)).value);
   });
   table_.method("DimensionMemberCaption", [&e](Arguments a) {
     expectArgs(a, 3, 3);
-    LoadedCache& c = e.cache(argAt(a, 0));
+    const CacheModel& c = e.model(argAt(a, 0));
     return Variant(memberAt(c, dimensionAt(c, argAt(a, 1)), argAt(a, 2)).caption);
   });
 }
@@ -155,13 +155,13 @@ void EngineObject::addManagementMembers() {
   });
   table_.method("MeasureAggregation", [&e](Arguments a) {
     expectArgs(a, 2, 2);
-    LoadedCache& c = e.cache(argAt(a, 0));
+    const CacheModel& c = e.model(argAt(a, 0));
     auto agg = c.definition().measures[e.measureNumber(c, argAt(a, 1))].aggregation;
     return Variant(std::string(aggregationName(agg)));
   });
   table_.method("MeasureFormat", [&e](Arguments a) {
     expectArgs(a, 2, 2);
-    LoadedCache& c = e.cache(argAt(a, 0));
+    const CacheModel& c = e.model(argAt(a, 0));
     return Variant(c.definition().measures[e.measureNumber(c, argAt(a, 1))].format);
   });
   table_.method("ImportCsv", [&e](Arguments a) {

@@ -4,7 +4,7 @@
 
 #include <memory>
 
-#include "engine/cache_engine.h"
+#include "engine/contract/cache_engine.h"
 #include "platform/dispatch.h"
 
 namespace kxc::engine {

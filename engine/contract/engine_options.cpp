@@ -1,4 +1,4 @@
-#include "engine/engine_options.h"
+#include "engine/contract/engine_options.h"
 
 #include <cstdlib>
 

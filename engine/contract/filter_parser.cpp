@@ -1,9 +1,9 @@
-#include "engine/filter_parser.h"
+#include "engine/contract/filter_parser.h"
 
 #include <algorithm>
 #include <optional>
 
-#include "engine/engine_errors.h"
+#include "engine/contract/engine_errors.h"
 #include "platform/runtime_error.h"
 #include "platform/text_rules.h"
 
@@ -23,7 +23,7 @@ bool isAllText(std::string_view text) {
   return t.empty() || upperCase(t) == kAll;
 }
 
-std::optional<int32_t> findLoose(const LoadedCache& c, int dim, std::string_view text) {
+std::optional<int32_t> findLoose(const CacheModel& c, int dim, std::string_view text) {
   if (auto m = c.findMember(dim, text)) return m;
   std::string_view trimmed = trimBlanks(text);
   if (trimmed.size() != text.size() && !trimmed.empty()) return c.findMember(dim, trimmed);
@@ -38,7 +38,7 @@ struct PieceResult {
 };
 
 // One piece of a selection: a member, or a run "first..last".
-PieceResult resolvePiece(const LoadedCache& c, int dim, std::string_view piece,
+PieceResult resolvePiece(const CacheModel& c, int dim, std::string_view piece,
                          std::vector<int32_t>& out) {
   if (trimBlanks(piece).empty()) return {PieceStatus::Unreadable, {}};
   if (auto m = findLoose(c, dim, piece)) {
@@ -63,7 +63,7 @@ PieceResult resolvePiece(const LoadedCache& c, int dim, std::string_view piece,
   return {PieceStatus::Unknown, std::string(trimBlanks(right))};
 }
 
-std::vector<int32_t> parseSelection(const LoadedCache& c, int dim, const std::string& text) {
+std::vector<int32_t> parseSelection(const CacheModel& c, int dim, const std::string& text) {
   std::string_view body = text;
   if (startsWith(body, "<<")) body.remove_prefix(2);
   if (trimBlanks(body).empty()) throw badFilter(text);
@@ -109,7 +109,7 @@ bool isNoFilter(const Variant& filter) {
   return filter.isText() && isAllText(filter.text());
 }
 
-MemberFilter parseFilter(const LoadedCache& cache, int dim, const Variant& filter) {
+MemberFilter parseFilter(const CacheModel& cache, int dim, const Variant& filter) {
   if (filter.isEmpty()) return {};
   std::string text = filterText(filter);
   if (isAllText(text)) return {};
@@ -127,7 +127,7 @@ MemberFilter parseFilter(const LoadedCache& cache, int dim, const Variant& filte
   return f;
 }
 
-std::vector<MemberFilter> parseFilters(const LoadedCache& cache, std::span<const Variant> filters) {
+std::vector<MemberFilter> parseFilters(const CacheModel& cache, std::span<const Variant> filters) {
   const int nd = cache.dimensionCount();
   std::vector<MemberFilter> out(nd);
   for (size_t i = 0; i < filters.size(); ++i) {

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "engine/loaded_cache.h"
+#include "engine/contract/cache_model.h"
 #include "platform/variant.h"
 
 namespace kxc::engine {
@@ -29,10 +29,10 @@ bool isNoFilter(const Variant& filter);
 // Numbers are matched by their text. Raises 30002 for a member the dimension does not have,
 // 30003 for a selection that cannot be read (empty pieces, a run missing an end), 13 for an
 // object or error value.
-MemberFilter parseFilter(const LoadedCache& cache, int dim, const Variant& filter);
+MemberFilter parseFilter(const CacheModel& cache, int dim, const Variant& filter);
 
 // One filter per dimension of the cache, from up to 20 arguments (missing ones mean no
 // filter). An argument beyond the cache's dimensions must be a no-filter, else 30005.
-std::vector<MemberFilter> parseFilters(const LoadedCache& cache, std::span<const Variant> filters);
+std::vector<MemberFilter> parseFilters(const CacheModel& cache, std::span<const Variant> filters);
 
 }  // namespace kxc::engine

@@ -1,6 +1,6 @@
-#include "engine/manager_object.h"
+#include "engine/contract/manager_object.h"
 
-#include "engine/engine_errors.h"
+#include "engine/contract/engine_errors.h"
 
 namespace kxc::engine {
 

@@ -5,7 +5,7 @@
 #include <functional>
 #include <memory>
 
-#include "engine/cache_engine.h"
+#include "engine/contract/cache_engine.h"
 #include "platform/dispatch.h"
 
 namespace kxc::engine {

@@ -3,8 +3,7 @@
 
 #include <memory>
 
-#include "engine/cache_engine.h"
-#include "engine/engine_options.h"
+#include "engine/contract/cache_engine.h"
 #include "platform/object_factory.h"
 
 namespace kxc::engine {
@@ -12,10 +11,8 @@ namespace kxc::engine {
 inline constexpr const char* kManagerProgId = "TmBvCacheManager.CacheManager";
 inline constexpr const char* kEngineProgId = "KestraCache.Engine";
 
-// Registers both ProgIDs. Every object they create works on one engine core made here (its
-// database opens on first use), so the manager's Shutdown releases what the engine loaded.
-// Registering again replaces the creators with ones sharing a new core. Returns the core.
-std::shared_ptr<CacheEngine> registerEngineObjects(ObjectFactory& factory,
-                                                   EngineOptions options = {});
+// Registers both ProgIDs. Every object they create works on `core`, so the manager's Shutdown
+// releases what the engine loaded. Registering again replaces the creators.
+void registerEngineObjects(ObjectFactory& factory, std::shared_ptr<CacheEngine> core);
 
 }  // namespace kxc::engine

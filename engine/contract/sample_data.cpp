@@ -1,10 +1,8 @@
-#include "engine/sample_data.h"
+#include "engine/contract/sample_data.h"
 
 #include <cmath>
 #include <cstdio>
 #include <limits>
-
-#include "engine/cache_writer.h"
 
 namespace kxc::engine {
 
@@ -57,7 +55,7 @@ std::vector<MemberDef> customers() {
 
 }  // namespace
 
-int64_t generateSalesCache(CacheStore& store, const std::string& name, int64_t rows,
+int64_t generateSalesCache(CacheBackend& backend, const std::string& name, int64_t rows,
                            uint64_t seed) {
   std::vector<std::vector<MemberDef>> dims = {
       members({{"North", "Northern region"},
@@ -101,10 +99,11 @@ int64_t generateSalesCache(CacheStore& store, const std::string& name, int64_t r
   const int regionWeight[] = {30, 25, 20, 15, 10};
   const int channelWeight[] = {45, 30, 15, 10};
 
-  CacheWriter writer(store, name, {"Region", "Product", "Channel", "Customer", "Year", "Month"},
-                     {{"Amount", Aggregation::Sum, "#,##0.00"},
-                      {"Quantity", Aggregation::Sum, "#,##0"},
-                      {"Price", Aggregation::Average, "$#,##0.00"}});
+  auto writer =
+      backend.createCache(name, {"Region", "Product", "Channel", "Customer", "Year", "Month"},
+                          {{"Amount", Aggregation::Sum, "#,##0.00"},
+                           {"Quantity", Aggregation::Sum, "#,##0"},
+                           {"Price", Aggregation::Average, "$#,##0.00"}});
   Random rnd(seed);
   auto weighted = [&](const int* weights, int n) {
     int32_t pick = rnd.below(100);
@@ -131,12 +130,12 @@ int64_t generateSalesCache(CacheStore& store, const std::string& name, int64_t r
     v[2] = price;
     std::snprintf(date, sizeof date, "%04d-%02d-%02d", 2021 + m[4], m[5] + 1, 1 + rnd.below(28));
     std::snprintf(reference, sizeof reference, "S%07lld", static_cast<long long>(r + 1));
-    writer.addRow(m, v, date, reference);
+    writer->addRow(m, v, date, reference);
   }
-  return writer.commit(dims);
+  return writer->commit(dims);
 }
 
-int64_t generateBudgetCache(CacheStore& store, const std::string& name, uint64_t seed) {
+int64_t generateBudgetCache(CacheBackend& backend, const std::string& name, uint64_t seed) {
   std::vector<std::vector<MemberDef>> dims = {
       members({{"Sales", "Sales department"},
                {"Marketing", "Marketing department"},
@@ -160,8 +159,8 @@ int64_t generateBudgetCache(CacheStore& store, const std::string& name, uint64_t
   };
   const double accountBase[] = {180000, 12000, 20000, 30000, 6000, 15000, 25000, 3000};
   const int heads[] = {24, 9, 7, 14, 5, 31};
-  CacheWriter writer(
-      store, name, {"Department", "Account", "Year", "Quarter"},
+  auto writer = backend.createCache(
+      name, {"Department", "Account", "Year", "Quarter"},
       {{"Budget", Aggregation::Sum, "$#,##0"}, {"Headcount", Aggregation::Sum, "0"}});
   Random rnd(seed);
   const double none = std::numeric_limits<double>::quiet_NaN();
@@ -180,17 +179,17 @@ int64_t generateBudgetCache(CacheStore& store, const std::string& name, uint64_t
           v[1] = m[1] == 0 ? heads[m[0]] + m[2] : none;
           std::snprintf(date, sizeof date, "%04d-%02d-01", 2023 + m[2], 1 + 3 * m[3]);
           std::snprintf(reference, sizeof reference, "B%05lld", static_cast<long long>(++n));
-          writer.addRow(m, v, date, reference);
+          writer->addRow(m, v, date, reference);
         }
       }
     }
   }
-  return writer.commit(dims);
+  return writer->commit(dims);
 }
 
-void generateSampleCaches(CacheStore& store, int64_t salesRows) {
-  generateSalesCache(store, "Sales", salesRows);
-  generateBudgetCache(store, "Budget");
+void generateSampleCaches(CacheBackend& backend, int64_t salesRows) {
+  generateSalesCache(backend, "Sales", salesRows);
+  generateBudgetCache(backend, "Budget");
 }
 
 }  // namespace kxc::engine

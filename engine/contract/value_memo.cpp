@@ -1,4 +1,4 @@
-#include "engine/value_memo.h"
+#include "engine/contract/value_memo.h"
 
 namespace kxc::engine {
 

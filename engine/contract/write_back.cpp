@@ -1,44 +1,15 @@
-#include "engine/write_back.h"
+#include "engine/contract/write_back.h"
 
 #include <algorithm>
 #include <cmath>
-#include <map>
-#include <unordered_map>
 
-#include "engine/aggregation.h"
-#include "engine/engine_errors.h"
+#include "engine/contract/engine_errors.h"
 
 namespace kxc::engine {
 
 namespace {
 
-struct Cell {
-  std::vector<int32_t> members;
-  Accumulator acc;
-};
-
-// The member combinations that have transactions in the selection, in member order.
-std::vector<Cell> cellsOf(const LoadedCache& cache, int measure,
-                          const std::vector<MemberFilter>& filters) {
-  const int nd = cache.dimensionCount();
-  const double* values = cache.columns().values[measure].data();
-  std::unordered_map<std::string, size_t> index;
-  std::vector<Cell> cells;
-  std::string key(static_cast<size_t>(nd) * sizeof(int32_t), '\0');
-  std::vector<int32_t> members(nd);
-  forEachMatchingRow(cache, filters, [&](RowId r) {
-    for (int d = 0; d < nd; ++d) members[d] = cache.columns().members[d][r];
-    key.assign(reinterpret_cast<const char*>(members.data()), key.size());
-    auto [it, added] = index.emplace(key, cells.size());
-    if (added) cells.push_back({members, {}});
-    cells[it->second].acc.add(values[r]);
-  });
-  std::sort(cells.begin(), cells.end(),
-            [](const Cell& a, const Cell& b) { return a.members < b.members; });
-  return cells;
-}
-
-bool isLeaf(const LoadedCache& cache, const std::vector<MemberFilter>& filters,
+bool isLeaf(const CacheModel& cache, const std::vector<MemberFilter>& filters,
             std::vector<int32_t>& members) {
   members.assign(cache.dimensionCount(), 0);
   for (int d = 0; d < cache.dimensionCount(); ++d) {
@@ -53,9 +24,9 @@ bool isLeaf(const LoadedCache& cache, const std::vector<MemberFilter>& filters,
   return true;
 }
 
-std::vector<AdjustingRow> spreadSum(std::vector<Cell>& cells, double target) {
+std::vector<AdjustingRow> spreadSum(std::vector<CellTotal>& cells, double target) {
   double current = 0;
-  for (const auto& c : cells) current += c.acc.sum;
+  for (const auto& c : cells) current += c.values.sum;
   const double change = target - current;
   std::vector<AdjustingRow> rows;
   if (change == 0) return rows;
@@ -65,7 +36,7 @@ std::vector<AdjustingRow> spreadSum(std::vector<Cell>& cells, double target) {
     if (i + 1 == cells.size()) {
       delta = change - given;  // the last cell takes the rounding remainder
     } else if (current != 0) {
-      delta = change * cells[i].acc.sum / current;
+      delta = change * cells[i].values.sum / current;
     } else {
       delta = change / static_cast<double>(cells.size());
     }
@@ -75,23 +46,23 @@ std::vector<AdjustingRow> spreadSum(std::vector<Cell>& cells, double target) {
   return rows;
 }
 
-std::vector<AdjustingRow> spreadAverage(std::vector<Cell>& cells, double target) {
+std::vector<AdjustingRow> spreadAverage(std::vector<CellTotal>& cells, double target) {
   Accumulator all;
-  for (const auto& c : cells) all.merge(c.acc);
+  for (const auto& c : cells) all.merge(c.values);
   if (all.result(Aggregation::Average) == target) return {};
   // Each cell gets one more value; the cell's new average t_i follows its current average a_i
   // (t_i = c * a_i), with c chosen so that sum(t_i * (n_i + 1)) / sum(n_i + 1) = target.
   double weight = 0, weighted = 0;
   for (const auto& c : cells) {
-    double n = static_cast<double>(c.acc.count) + 1;
+    double n = static_cast<double>(c.values.count) + 1;
     weight += n;
-    weighted += c.acc.result(Aggregation::Average) * n;
+    weighted += c.values.result(Aggregation::Average) * n;
   }
   std::vector<AdjustingRow> rows;
   for (const auto& c : cells) {
-    double a = c.acc.result(Aggregation::Average);
+    double a = c.values.result(Aggregation::Average);
     double t = weighted != 0 ? a * target * weight / weighted : target;
-    double v = t * (static_cast<double>(c.acc.count) + 1) - c.acc.sum;
+    double v = t * (static_cast<double>(c.values.count) + 1) - c.values.sum;
     rows.push_back({c.members, v});
   }
   return rows;
@@ -99,10 +70,9 @@ std::vector<AdjustingRow> spreadAverage(std::vector<Cell>& cells, double target)
 
 }  // namespace
 
-std::vector<AdjustingRow> planWriteBack(const LoadedCache& cache, int measure,
-                                        Aggregation aggregation,
+std::vector<AdjustingRow> planWriteBack(CacheHandle& cache, int measure, Aggregation aggregation,
                                         const std::vector<MemberFilter>& filters, double target) {
-  const auto& def = cache.definition().measures[measure];
+  const auto& def = cache.model().definition().measures[measure];
   if (aggregation != Aggregation::Sum && aggregation != Aggregation::Average) {
     throw RuntimeError(engine_err::kCannotWriteBack, "Cannot write back to " + def.caption +
                                                          ": a " +
@@ -113,15 +83,17 @@ std::vector<AdjustingRow> planWriteBack(const LoadedCache& cache, int measure,
     throw RuntimeError(engine_err::kCannotWriteBack, "Cannot write back a value that is no number");
   }
   std::vector<int32_t> leaf;
-  if (isLeaf(cache, filters, leaf)) {
-    Accumulator acc = aggregate(cache, measure, filters);
+  if (isLeaf(cache.model(), filters, leaf)) {
+    Accumulator acc;
+    ValueRequest request{measure, filters};
+    cache.aggregate(std::span<const ValueRequest>(&request, 1), std::span<Accumulator>(&acc, 1));
     if (acc.result(aggregation) == target) return {};
     double v = aggregation == Aggregation::Sum
                    ? target - acc.sum
                    : target * (static_cast<double>(acc.count) + 1) - acc.sum;
     return {{leaf, v}};
   }
-  std::vector<Cell> cells = cellsOf(cache, measure, filters);
+  std::vector<CellTotal> cells = cache.cells(measure, filters);
   if (cells.empty()) {
     throw RuntimeError(engine_err::kCannotWriteBack,
                        "Cannot write back to " + def.caption +

@@ -4,9 +4,8 @@
 
 #include <vector>
 
-#include "engine/cache_store.h"
-#include "engine/filter_parser.h"
-#include "engine/loaded_cache.h"
+#include "engine/contract/cache_backend.h"
+#include "engine/contract/filter_parser.h"
 
 namespace kxc::engine {
 
@@ -22,8 +21,8 @@ namespace kxc::engine {
 // the cell's average to its share of the target, so the overall average is exactly `target`.
 // Count, min and max cannot be set by adding transactions and raise 30006, as does an
 // aggregated selection without transactions. Returns no rows when nothing changes.
-std::vector<AdjustingRow> planWriteBack(const LoadedCache& cache, int measure,
-                                        Aggregation aggregation,
+// The current values come from `cache` (one aggregate for a leaf, the cells otherwise).
+std::vector<AdjustingRow> planWriteBack(CacheHandle& cache, int measure, Aggregation aggregation,
                                         const std::vector<MemberFilter>& filters, double target);
 
 }  // namespace kxc::engine

@@ -1,4 +1,4 @@
-#include "engine/aggregation.h"
+#include "engine/embedded/aggregation.h"
 
 #include <algorithm>
 #include <limits>
@@ -54,6 +54,19 @@ std::vector<RowId> matchingRows(const LoadedCache& cache,
   std::vector<RowId> rows;
   forEachMatchingRow(cache, filters, [&](RowId r) { rows.push_back(r); });
   std::sort(rows.begin(), rows.end());
+  return rows;
+}
+
+std::vector<RowId> unionOfMatches(const LoadedCache& cache,
+                                  std::span<const std::vector<MemberFilter>> criteria) {
+  std::vector<uint8_t> hit(cache.rowCount(), 0);
+  for (const auto& filters : criteria) {
+    forEachMatchingRow(cache, filters, [&](RowId r) { hit[r] = 1; });
+  }
+  std::vector<RowId> rows;
+  for (RowId r = 0; r < hit.size(); ++r) {
+    if (hit[r]) rows.push_back(r);
+  }
   return rows;
 }
 

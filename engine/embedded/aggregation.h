@@ -4,11 +4,12 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <vector>
 
-#include "engine/accumulator.h"
-#include "engine/filter_parser.h"
-#include "engine/loaded_cache.h"
+#include "engine/contract/accumulator.h"
+#include "engine/contract/filter_parser.h"
+#include "engine/embedded/loaded_cache.h"
 
 namespace kxc::engine {
 
@@ -25,6 +26,10 @@ Accumulator aggregate(const LoadedCache& cache, int measure,
 
 // The matching rows in ascending order.
 std::vector<RowId> matchingRows(const LoadedCache& cache, const std::vector<MemberFilter>& filters);
+
+// Rows matching any of the criteria, each once, in transaction order.
+std::vector<RowId> unionOfMatches(const LoadedCache& cache,
+                                  std::span<const std::vector<MemberFilter>> criteria);
 
 // --- implementation ---
 

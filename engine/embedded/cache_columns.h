@@ -9,7 +9,7 @@
 #include <string_view>
 #include <vector>
 
-#include "engine/member_column.h"
+#include "engine/embedded/member_column.h"
 
 namespace kxc::engine {
 

@@ -1,8 +1,8 @@
-#include "engine/cache_schema.h"
+#include "engine/embedded/cache_schema.h"
 
 #include <cstdlib>
 
-#include "engine/engine_errors.h"
+#include "engine/contract/engine_errors.h"
 
 namespace kxc::engine {
 

@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <string>
 
-#include "engine/sqlite_database.h"
+#include "engine/embedded/sqlite_database.h"
 
 namespace kxc::engine {
 

@@ -1,7 +1,7 @@
-#include "engine/cache_store.h"
+#include "engine/embedded/cache_store.h"
 
-#include "engine/cache_schema.h"
-#include "engine/engine_errors.h"
+#include "engine/contract/engine_errors.h"
+#include "engine/embedded/cache_schema.h"
 
 namespace kxc::engine {
 
@@ -139,6 +139,7 @@ JournalEntry CacheStore::appendJournal(int64_t cacheId, int32_t measure, int32_t
       .bind(6, description)
       .run();
   entry.id = db_.lastInsertId();
+  entry.number = entry.id;
 
   const int nd = rows.empty() ? 0 : static_cast<int>(rows[0].members.size());
   std::string sql = "INSERT INTO " + factTable(cacheId) + "(seq, tdate, reference";
@@ -171,6 +172,7 @@ std::optional<JournalEntry> CacheStore::lastJournal() {
   if (!last.step()) return std::nullopt;
   JournalEntry e;
   e.id = last.int64At(0);
+  e.number = e.id;
   e.cacheId = last.int64At(1);
   e.measure = static_cast<int32_t>(last.int64At(2));
   e.firstSeq = last.int64At(3);

@@ -8,27 +8,12 @@
 #include <string>
 #include <vector>
 
-#include "engine/cache_columns.h"
-#include "engine/cache_definition.h"
-#include "engine/sqlite_database.h"
+#include "engine/contract/cache_backend.h"
+#include "engine/contract/cache_definition.h"
+#include "engine/embedded/cache_columns.h"
+#include "engine/embedded/sqlite_database.h"
 
 namespace kxc::engine {
-
-// One transaction a write-back adds: a member of every dimension and the value of the written
-// measure (the other measures hold no value).
-struct AdjustingRow {
-  std::vector<int32_t> members;  // 0-based member numbers
-  double value = 0;
-};
-
-struct JournalEntry {
-  int64_t id = 0;
-  int64_t cacheId = 0;
-  int32_t measure = 0;  // 1-based
-  int64_t firstSeq = 0;
-  int64_t rowCount = 0;
-  std::string description;
-};
 
 // Opens (creating when needed) the database at `path`. Every method raises 30007 when the
 // database fails, and leaves the database as it was. Single-threaded.

@@ -1,29 +1,15 @@
-#include "engine/cache_writer.h"
+#include "engine/embedded/cache_writer.h"
 
-#include "engine/cache_schema.h"
-#include "engine/engine_errors.h"
+#include "engine/contract/engine_errors.h"
+#include "engine/embedded/cache_schema.h"
 #include "platform/text_rules.h"
 
 namespace kxc::engine {
 
-namespace {
-
-void checkShape(const std::string& name, size_t dimensions, size_t measures) {
-  if (trimBlanks(name).empty()) throw RuntimeError(err::kInvalidCall, "A cache needs a name");
-  if (dimensions == 0) throw RuntimeError(err::kInvalidCall, "A cache needs a dimension");
-  if (dimensions > static_cast<size_t>(kMaxDimensions)) {
-    throw RuntimeError(err::kInvalidCall,
-                       "A cache has at most " + std::to_string(kMaxDimensions) + " dimensions");
-  }
-  if (measures == 0) throw RuntimeError(err::kInvalidCall, "A cache needs a measure");
-}
-
-}  // namespace
-
 CacheWriter::CacheWriter(CacheStore& store, const std::string& name,
                          const std::vector<std::string>& dimensionCaptions,
                          const std::vector<MeasureDef>& measures)
-    : store_((checkShape(name, dimensionCaptions.size(), measures.size()), store)),
+    : store_((checkCacheShape(name, dimensionCaptions.size(), measures.size()), store)),
       tx_(store.database()),
       dimensions_(static_cast<int>(dimensionCaptions.size())),
       measures_(static_cast<int>(measures.size())),

@@ -8,12 +8,12 @@
 #include <string_view>
 #include <vector>
 
-#include "engine/cache_definition.h"
-#include "engine/cache_store.h"
+#include "engine/contract/cache_definition.h"
+#include "engine/embedded/cache_store.h"
 
 namespace kxc::engine {
 
-class CacheWriter {
+class CacheWriter : public CacheBuilder {
  public:
   // Begins the transaction and creates the cache's catalogue entry and table. Raises 30010 when
   // a cache of that name (in any letter case) exists, 5 for an empty name, no dimensions, more
@@ -25,13 +25,13 @@ class CacheWriter {
   // Appends one transaction: a 0-based member number per dimension and a value per measure
   // (NaN for none). Member numbers are checked against the members given to commit().
   void addRow(std::span<const int32_t> members, std::span<const double> values,
-              std::string_view date, std::string_view reference);
+              std::string_view date, std::string_view reference) override;
 
-  int64_t rowCount() const { return rows_; }
+  int64_t rowCount() const override { return rows_; }
 
   // Stores the members of every dimension (in order) and commits. Raises 5 when a row used a
   // member number beyond its dimension's list. Returns the new cache's key.
-  int64_t commit(const std::vector<std::vector<MemberDef>>& members);
+  int64_t commit(const std::vector<std::vector<MemberDef>>& members) override;
 
  private:
   CacheStore& store_;

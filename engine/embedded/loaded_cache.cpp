@@ -1,37 +1,21 @@
-#include "engine/loaded_cache.h"
+#include "engine/embedded/loaded_cache.h"
 
 #include <limits>
 
-#include "engine/engine_errors.h"
+#include "engine/contract/engine_errors.h"
 
 namespace kxc::engine {
 
-LoadedCache::LoadedCache(int64_t id, CacheDefinition definition, CacheColumns columns)
-    : id_(id), def_(std::move(definition)), cols_(std::move(columns)) {
+LoadedCache::LoadedCache(std::shared_ptr<const CacheModel> model, CacheColumns columns)
+    : model_(std::move(model)), cols_(std::move(columns)) {
   if (cols_.rowCount() > std::numeric_limits<RowId>::max()) {
-    throw databaseError("cache " + def_.name + " has too many transactions to load");
+    throw databaseError("cache " + name() + " has too many transactions to load");
   }
   const int nd = dimensionCount();
   postings_.resize(nd);
-  byValue_.resize(nd);
-  byCaption_.resize(nd);
-  for (int d = 0; d < nd; ++d) {
-    const auto& members = def_.dimensions[d].members;
-    postings_[d].resize(members.size());
-    for (size_t j = 0; j < members.size(); ++j) {
-      byValue_[d].emplace(members[j].value, static_cast<int32_t>(j));
-      byCaption_[d].emplace(members[j].caption, static_cast<int32_t>(j));
-    }
-  }
+  for (int d = 0; d < nd; ++d) postings_[d].resize(static_cast<size_t>(memberCount(d)));
   index(0);
   computeTotals();
-}
-
-std::optional<int32_t> LoadedCache::findMember(int dim, std::string_view text) const {
-  std::string key(text);
-  if (auto it = byValue_[dim].find(key); it != byValue_[dim].end()) return it->second;
-  if (auto it = byCaption_[dim].find(key); it != byCaption_[dim].end()) return it->second;
-  return std::nullopt;
 }
 
 void LoadedCache::index(size_t firstRow) {

@@ -1,4 +1,4 @@
-#include "engine/sqlite_database.h"
+#include "engine/embedded/sqlite_database.h"
 
 #include <sqlite3.h>
 
@@ -7,7 +7,7 @@
 #include <limits>
 #include <system_error>
 
-#include "engine/engine_errors.h"
+#include "engine/contract/engine_errors.h"
 
 namespace kxc::engine {
 

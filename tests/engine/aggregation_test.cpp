@@ -1,5 +1,5 @@
 // Aggregating measures over the transactions that match the filters.
-#include "engine/aggregation.h"
+#include "engine/embedded/aggregation.h"
 
 #include <gtest/gtest.h>
 
@@ -71,15 +71,17 @@ TEST_F(AggregationTest, MemoIsDroppedWhenTheCacheChanges) {
 
 TEST_F(AggregationTest, WithoutMemoTheSameAnswersCome) {
   options_.memoize = false;
-  CacheEngine plain(options_);
+  auto made = makeEngine(options_);
+  CacheEngine& plain = *made;
   std::vector<Variant> filters{Variant("<<North,East"), Variant("<<A..B")};
   EXPECT_DOUBLE_EQ(plain.value(Variant("Shop"), Variant(int32_t{1}), 0, filters), 80);
   EXPECT_DOUBLE_EQ(plain.value(Variant("Shop"), Variant(int32_t{1}), 0, filters), 80);
 }
 
 TEST_F(AggregationTest, MatchingRowsAreAscendingWhateverDrivesTheWalk) {
-  const LoadedCache& c = core_->cache(Variant("Shop"));
-  auto filters = parseFilters(c, std::vector<Variant>{Variant("<<West,North"), Variant("<<B,A")});
+  const LoadedCache& c = static_cast<EmbeddedCache&>(core_->cache(Variant("Shop"))).loaded();
+  auto filters =
+      parseFilters(c.model(), std::vector<Variant>{Variant("<<West,North"), Variant("<<B,A")});
   EXPECT_EQ(matchingRows(c, filters), (std::vector<RowId>{0, 1, 4, 5}));
 }
 

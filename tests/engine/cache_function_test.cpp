@@ -1,5 +1,5 @@
 // BV_KXCSUM in the in-memory workbook: values, references, the negated form and error values.
-#include "engine/cache_function.h"
+#include "engine/contract/cache_function.h"
 
 #include <gtest/gtest.h>
 

@@ -1,13 +1,13 @@
 // The store: default location, persistence across reopen, hostile texts kept as plain data,
 // and the sample caches written once per database.
-#include "engine/cache_store.h"
+#include "engine/embedded/cache_store.h"
 
 #include <gtest/gtest.h>
 
 #include <cstdlib>
 
-#include "engine/engine_errors.h"
-#include "engine/sample_data.h"
+#include "engine/contract/engine_errors.h"
+#include "engine/contract/sample_data.h"
 #include "shop_fixture.h"
 #include "support/error_number.h"
 
@@ -88,8 +88,7 @@ TEST_F(CacheStoreTest, HostileNamesAndMemberTextsAreOnlyData) {
   const std::string names[] = {"x'); DROP TABLE cache; --", "Robert\"; DELETE FROM member; --",
                                "fact_1", "a' OR '1'='1"};
   for (const auto& name : names) {
-    CacheWriter w(core_->store(), name, {"D'; DROP TABLE journal; --"},
-                  {{"M'--", Aggregation::Sum, "0"}});
+    CacheWriter w(store(), name, {"D'; DROP TABLE journal; --"}, {{"M'--", Aggregation::Sum, "0"}});
     int32_t m = 0;
     double v = 7;
     w.addRow(std::span<const int32_t>(&m, 1), std::span<const double>(&v, 1), "'; --", "\"");
@@ -118,7 +117,8 @@ TEST_F(CacheStoreTest, SampleCachesAreWrittenOnceIntoAnEmptyDatabase) {
   options.databasePath = tmp_.file("samples.db");
   options.sampleSalesRows = 3000;
   {
-    CacheEngine engine(options);
+    auto made = makeEngine(options);
+    CacheEngine& engine = *made;
     ASSERT_EQ(engine.cacheCount(), 2);
     EXPECT_EQ(engine.cacheName(1), "Sales");
     EXPECT_EQ(engine.cacheName(2), "Budget");
@@ -130,20 +130,20 @@ TEST_F(CacheStoreTest, SampleCachesAreWrittenOnceIntoAnEmptyDatabase) {
     engine.deleteCache(Variant("Sales"));
     engine.deleteCache(Variant("Budget"));
   }
-  CacheEngine again(options);
-  EXPECT_EQ(again.cacheCount(), 0);  // deleting them all does not bring them back
+  EXPECT_EQ(makeEngine(options)->cacheCount(), 0);  // deleting them all does not bring them back
 }
 
 TEST_F(CacheStoreTest, SampleDataIsTheSameEveryTime) {
   double totals[2];
   for (double& total : totals) {
     TempFolder tmp;
-    CacheStore store(tmp.file("s.db"));
-    generateSampleCaches(store, 2000);
+    EmbeddedBackend backend(tmp.file("s.db"));
+    CacheStore& store = backend.store();
+    generateSampleCaches(backend, 2000);
     CacheDefinition def;
     CacheColumns cols;
     store.load(store.listCaches()[0].id, def, cols);
-    LoadedCache c(1, def, cols);
+    LoadedCache c(std::make_shared<CacheModel>(1, def), cols);
     total = c.total(0).sum;
     EXPECT_EQ(def.dimensions[0].members[0].value, "North");
     EXPECT_EQ(def.dimensions[5].members[0].caption, "January");
@@ -155,7 +155,7 @@ TEST_F(CacheStoreTest, SampleDataIsTheSameEveryTime) {
 }
 
 TEST_F(CacheStoreTest, ADamagedTransactionTableIsReportedNotLoaded) {
-  core_->store().database().exec("UPDATE fact_1 SET d1 = 9 WHERE seq = 2");
+  store().database().exec("UPDATE fact_1 SET d1 = 9 WHERE seq = 2");
   EXPECT_EQ(core_->ensureCacheLoad(Variant("Shop")), -1);
   EXPECT_EQ(kxc::testing::errorNumber([&] { core_->cache(Variant("Shop")); }),
             engine_err::kDatabase);

@@ -1,13 +1,13 @@
 // Building caches from CSV files: the header format, RFC 4180 quoting, and refusal of bad files
 // with "FILE:LINE: reason" while nothing is half-loaded.
-#include "engine/csv_import.h"
+#include "engine/contract/csv_import.h"
 
 #include <gtest/gtest.h>
 
 #include <sstream>
 
-#include "engine/csv_reader.h"
-#include "engine/engine_errors.h"
+#include "engine/contract/csv_reader.h"
+#include "engine/contract/engine_errors.h"
 #include "shop_fixture.h"
 #include "support/error_number.h"
 
@@ -83,7 +83,7 @@ TEST_F(CsvImportTest, BuildsACacheFromTheHeaderFormat) {
             "");
   Variant cache("Imported");
   EXPECT_EQ(core_->cacheFind(cache), 2);
-  const LoadedCache& c = core_->cache(cache);
+  const CacheModel& c = core_->model(cache);
   ASSERT_EQ(c.dimensionCount(), 2);
   EXPECT_EQ(c.definition().dimensions[0].members[0].caption, "Northern region");
   EXPECT_EQ(c.definition().dimensions[0].members[1].caption, "South");
@@ -92,8 +92,9 @@ TEST_F(CsvImportTest, BuildsACacheFromTheHeaderFormat) {
   EXPECT_EQ(c.definition().measures[1].aggregation, Aggregation::Average);
   EXPECT_DOUBLE_EQ(core_->value(cache, Variant(int32_t{1}), 0, std::vector<Variant>{}), 31.5);
   EXPECT_DOUBLE_EQ(core_->value(cache, Variant("Price"), 0, std::vector<Variant>{}), 3);
-  EXPECT_EQ(c.columns().references.at(1), "INV-2, copy");
-  EXPECT_EQ(c.columns().dates.at(2), "");
+  const CacheColumns& columns = static_cast<EmbeddedCache&>(core_->cache(cache)).loaded().columns();
+  EXPECT_EQ(columns.references.at(1), "INV-2, copy");
+  EXPECT_EQ(columns.dates.at(2), "");
 }
 
 TEST_F(CsvImportTest, RefusesBadFilesNamingFileLineAndReason) {

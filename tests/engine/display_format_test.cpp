@@ -1,5 +1,5 @@
 // Display formats of measures.
-#include "engine/display_format.h"
+#include "engine/contract/display_format.h"
 
 #include <gtest/gtest.h>
 

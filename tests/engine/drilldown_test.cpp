@@ -1,6 +1,6 @@
 // Drill-down: criteria rows united without duplicates, in transaction order, written into a
 // grid with dimension, measure, date and reference columns.
-#include "engine/drilldown.h"
+#include "engine/contract/drilldown.h"
 
 #include <gtest/gtest.h>
 
@@ -77,7 +77,7 @@ TEST_F(DrilldownTest, EmptyCacheNameTakesTheCacheOfTheFirstCriteria) {
 }
 
 TEST_F(DrilldownTest, CriteriaOfOtherCachesAreLeftOut) {
-  writeShop(core_->store(), "Other");
+  writeShop(core_->backend(), "Other");
   core_->refresh();
   call("DrilldownClear");
   addCriteria({Variant("North")}, Variant("Other"));
@@ -96,7 +96,7 @@ TEST_F(DrilldownTest, BadCriteriaAreReportedWhenTheDrillDownRuns) {
 
 TEST_F(DrilldownTest, ManyRowsArriveInChunksAndTabsInTextsBecomeBlanks) {
   const int n = static_cast<int>(kGridChunkRows) + 10;
-  CacheWriter w(core_->store(), "Big", {"Key"}, {{"V", Aggregation::Sum, "0"}});
+  CacheWriter w(store(), "Big", {"Key"}, {{"V", Aggregation::Sum, "0"}});
   std::vector<MemberDef> members{{"a\tb", "tab"}, {"c\nd", "newline"}};
   for (int i = 0; i < n; ++i) {
     int32_t m = i % 2;

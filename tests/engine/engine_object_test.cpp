@@ -1,9 +1,9 @@
 // Every contract member through the dispatch port, with the argument types the add-in sends.
-#include "engine/engine_object.h"
+#include "engine/contract/engine_object.h"
 
 #include <gtest/gtest.h>
 
-#include "engine/cache_writer.h"
+#include "engine/embedded/cache_writer.h"
 #include "shop_fixture.h"
 #include "support/error_number.h"
 
@@ -13,7 +13,7 @@ namespace {
 class EngineObjectTest : public EngineTest {};
 
 TEST_F(EngineObjectTest, CacheCountAndNamesAnswerInt32AndText) {
-  writeShop(core_->store(), "Second");
+  writeShop(core_->backend(), "Second");
   core_->refresh();
   Variant count = call("CacheCount");
   EXPECT_EQ(count.type(), VarType::Int32);

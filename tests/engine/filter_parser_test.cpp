@@ -1,10 +1,10 @@
 // Reading dimension filters: single members by value or caption, <ALL>, selections with runs
 // in member order, and the errors for unknown members and unreadable selections.
-#include "engine/filter_parser.h"
+#include "engine/contract/filter_parser.h"
 
 #include <gtest/gtest.h>
 
-#include "engine/engine_errors.h"
+#include "engine/contract/engine_errors.h"
 #include "shop_fixture.h"
 #include "support/error_number.h"
 
@@ -13,7 +13,7 @@ namespace {
 
 class FilterParserTest : public EngineTest {
  protected:
-  const LoadedCache& shop() { return core_->cache(Variant("Shop")); }
+  const CacheModel& shop() { return core_->model(Variant("Shop")); }
 };
 
 TEST_F(FilterParserTest, ReadsMembersAndSelectionsOfTheRegionDimension) {
@@ -136,7 +136,7 @@ TEST(FilterParserValues, MemberValuesHoldingCommasAndDotsStillMatch) {
   CacheDefinition def;
   CacheColumns cols;
   store.load(id, def, cols);
-  LoadedCache c(id, def, cols);
+  CacheModel c(id, def);
   EXPECT_EQ(parseFilter(c, 0, Variant("Smith, John")).members, std::vector<int32_t>{0});
   EXPECT_EQ(parseFilter(c, 0, Variant("<<Smith, John,Zed")).members, (std::vector<int32_t>{0, 2}));
   EXPECT_EQ(parseFilter(c, 0, Variant("v1..2")).members, std::vector<int32_t>{1});

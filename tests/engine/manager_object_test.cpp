@@ -1,9 +1,9 @@
 // The ProgIDs, the manager object's Window and Shutdown, and the one store both objects share.
-#include "engine/manager_object.h"
+#include "engine/contract/manager_object.h"
 
 #include <gtest/gtest.h>
 
-#include "engine/engine_errors.h"
+#include "engine/contract/engine_errors.h"
 #include "engine/engine_registration.h"
 #include "shop_fixture.h"
 #include "support/error_number.h"
@@ -59,7 +59,7 @@ TEST_F(ManagerObjectTest, ShutdownReleasesTheSharedEngineWhichReopensLazily) {
   invoke(manager_, "Shutdown");
   // The database is closed: another connection may now change it freely.
   {
-    CacheStore other(options_.databasePath);
+    EmbeddedBackend other(options_.databasePath);
     writeShop(other, "Later");
   }
   EXPECT_EQ(invoke(engineObject_, "CacheCount"), Variant(int32_t{2}));

@@ -10,10 +10,12 @@
 #include <string>
 #include <vector>
 
-#include "engine/cache_engine.h"
-#include "engine/cache_writer.h"
-#include "engine/engine_errors.h"
-#include "engine/engine_object.h"
+#include "engine/contract/cache_engine.h"
+#include "engine/contract/engine_errors.h"
+#include "engine/contract/engine_object.h"
+#include "engine/embedded/cache_writer.h"
+#include "engine/embedded/embedded_backend.h"
+#include "engine/engine_registration.h"
 #include "platform/runtime_error.h"
 #include "temp_folder.h"
 
@@ -26,13 +28,13 @@ inline constexpr double kNone = std::numeric_limits<double>::quiet_NaN();
 // "#,##0.00"), Units (count), Price (average, "$0.00"), Low (min), High (max).
 //   North A 2023  10  price 1      North B 2023  20  price 2     South A 2024  30  price 3
 //   East  C 2024  40  price 4      North A 2024  50  price 5     West  B 2023  60  no price
-inline int64_t writeShop(CacheStore& store, const std::string& name = "Shop") {
-  CacheWriter w(store, name, {"Region", "Product", "Year"},
-                {{"Amount", Aggregation::Sum, "#,##0.00"},
-                 {"Units", Aggregation::Count, "0"},
-                 {"Price", Aggregation::Average, "$0.00"},
-                 {"Low", Aggregation::Min, ""},
-                 {"High", Aggregation::Max, ""}});
+inline int64_t writeShop(CacheBackend& backend, const std::string& name = "Shop") {
+  auto w = backend.createCache(name, {"Region", "Product", "Year"},
+                               {{"Amount", Aggregation::Sum, "#,##0.00"},
+                                {"Units", Aggregation::Count, "0"},
+                                {"Price", Aggregation::Average, "$0.00"},
+                                {"Low", Aggregation::Min, ""},
+                                {"High", Aggregation::Max, ""}});
   struct Row {
     int32_t region, product, year;
     double amount, price;
@@ -44,9 +46,9 @@ inline int64_t writeShop(CacheStore& store, const std::string& name = "Shop") {
     int32_t m[] = {r.region, r.product, r.year};
     double v[] = {r.amount, 1, r.price, r.amount, r.amount};
     ++n;
-    w.addRow(m, v, "2024-01-0" + std::to_string(n), "R" + std::to_string(n));
+    w->addRow(m, v, "2024-01-0" + std::to_string(n), "R" + std::to_string(n));
   }
-  return w.commit(
+  return w->commit(
       {{{"North", "Northern"}, {"South", "Southern"}, {"East", "Eastern"}, {"West", "Western"}},
        {{"A", "Apples"}, {"B", "Bananas"}, {"C", "Cherries"}},
        {{"2023", "2023"}, {"2024", "2024"}}});
@@ -57,10 +59,13 @@ class EngineTest : public ::testing::Test {
   void SetUp() override {
     options_.databasePath = tmp_.file("caches.db");
     options_.generateSamples = false;
-    core_ = std::make_shared<CacheEngine>(options_);
-    writeShop(core_->store());
+    core_ = makeEngine(options_);
+    writeShop(core_->backend());
     engine_ = std::make_shared<EngineObject>(core_);
   }
+
+  // The embedded backend's database.
+  CacheStore& store() { return static_cast<EmbeddedBackend&>(core_->backend()).store(); }
 
   Variant call(std::string_view member, std::vector<Argument> args = {}) {
     return invoke(engine_, member, std::move(args));

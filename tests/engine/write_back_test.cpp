@@ -1,10 +1,10 @@
 // Write-back: adjusting transactions at a leaf and spread over an aggregate, one journal entry
 // each, undone by UndoWriteBack, and kept across a reopen of the database.
-#include "engine/write_back.h"
+#include "engine/contract/write_back.h"
 
 #include <gtest/gtest.h>
 
-#include "engine/engine_errors.h"
+#include "engine/contract/engine_errors.h"
 #include "shop_fixture.h"
 #include "support/error_number.h"
 
@@ -129,7 +129,8 @@ TEST_F(WriteBackTest, WrittenValuesAndJournalSurviveAReopen) {
   writeBack(1, 100, {Variant("North"), Variant("A"), Variant("2023")});
   core_->shutdown();
   {
-    CacheEngine other(options_);
+    auto made = makeEngine(options_);
+    CacheEngine& other = *made;
     EXPECT_DOUBLE_EQ(
         other.value(Variant("Shop"), Variant(int32_t{1}), 0,
                     std::vector<Variant>{Variant("North"), Variant("A"), Variant("2023")}),
