@@ -2,11 +2,12 @@
 // the fuzzer's coverage), sent through the child reader's wire format and back unchanged, then
 // made into a workbook of a fresh application, which has it exactly when the load succeeded.
 //
-// The import library reads past the end of a part when an attribute value holding an entity
-// runs to the end of the part ("<sheet name=\"&amp;&b;"): a crash or an assertion inside it,
-// which the child process reader contains (tests/platform/fileio/bad_file_test.cpp). Files
-// with such a part go through that reader instead, so the fuzzer checks the containment
-// rather than rediscovering the library's fault.
+// The import library ends the process on some inputs: it reads past the end of a part when an
+// attribute value holding an entity runs to the end of it ("<sheet name=\"&amp;&b;"), and a
+// character reference that is no number ("&#m;") or lies beyond Unicode throws an exception
+// its parser thread does not catch, or fails an assertion. The child process reader contains
+// both (tests/platform/fileio/bad_file_test.cpp). Files with such a part go through that
+// reader instead, so the fuzzer checks the containment rather than rediscovering the faults.
 #pragma once
 
 #include <fcntl.h>
@@ -62,6 +63,35 @@ inline bool valueRunsToEnd(std::string_view part) {
     }
   }
   return false;
+}
+
+// Whether `part` holds a character reference the library cannot take. Its parser reads from
+// "&#" to the first ";" and wants at most 0x10FFFF in decimal or, after "x", in hexadecimal.
+inline bool badCharacterReference(std::string_view part) {
+  for (std::size_t at = part.find("&#"); at != std::string_view::npos;
+       at = part.find("&#", at + 2)) {
+    std::size_t end = part.find(';', at);
+    if (end == std::string_view::npos) return false;
+    std::string_view code = part.substr(at + 2, end - at - 2);
+    const bool hex = code.starts_with('x');
+    if (hex) code.remove_prefix(1);
+    if (code.empty() || code.size() > 7) return true;
+    unsigned long value = 0;
+    for (char c : code) {
+      int digit = c >= '0' && c <= '9' ? c - '0' : -1;
+      if (hex && c >= 'a' && c <= 'f') digit = c - 'a' + 10;
+      if (hex && c >= 'A' && c <= 'F') digit = c - 'A' + 10;
+      if (digit < 0) return true;
+      value = value * (hex ? 16 : 10) + static_cast<unsigned long>(digit);
+    }
+    if (value > 0x10FFFF) return true;
+  }
+  return false;
+}
+
+// Whether the library may end the process on `part` (see above).
+inline bool libraryFails(std::string_view part) {
+  return valueRunsToEnd(part) || badCharacterReference(part);
 }
 
 // The child reader with its standard error on /dev/null: a child the library crashes would

@@ -34,7 +34,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   bool unsafe = false;
   for (const auto& [name, text] : parts) {
     zip.replace(name, text);
-    unsafe = unsafe || kxc::fuzz::valueRunsToEnd(text);
+    unsafe = unsafe || kxc::fuzz::libraryFails(text);
   }
   const std::string bytes = zip.bytes();
   kxc::fuzz::checkSpreadsheet(bytes, "fuzz.xlsx", unsafe);

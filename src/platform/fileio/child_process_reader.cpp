@@ -38,6 +38,10 @@ std::string readAll(int fd) {
 }
 
 [[noreturn]] void runChild(int fd, std::string_view bytes, std::size_t cellLimit) {
+  // A crash of the reader ends the child at once: the program's crash handlers (a crash
+  // reporter, a sanitizer's report, a fuzzer's) are for the program, not for a file the library
+  // cannot read.
+  for (int crash : {SIGSEGV, SIGBUS, SIGABRT, SIGFPE, SIGILL}) std::signal(crash, SIG_DFL);
   int status = 0;
   try {
     status = writeAll(fd, encodeReadResult(readSpreadsheet(bytes, cellLimit))) ? 0 : 3;

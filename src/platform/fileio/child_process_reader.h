@@ -15,7 +15,8 @@ namespace kxc::fileio {
 // failure says so. Never throws except std::bad_alloc. Blocks until the child has ended.
 //
 // The child is a copy of the calling process that runs only the reader and ends with _exit,
-// so nothing of the program (open files, buffered output, exit handlers) is touched there.
+// so nothing of the program (open files, buffered output, exit handlers) is touched there; the
+// program's handlers of crash signals are reset in it, so a crash ends it without a report.
 // Safe to call from a program with other threads as long as they hold no lock the reader
 // needs: the reader uses the allocator, which the C library keeps usable after fork.
 SpreadsheetReadResult readSpreadsheetInChild(std::string_view bytes,

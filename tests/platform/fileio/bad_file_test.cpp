@@ -132,7 +132,8 @@ TEST_F(BadFile, AFileWithMoreCellsThanTheLimitIsRefused) {
 // Parts that end inside a value right after an entity ("&amp;&b;"): the import library reads
 // past the end of such a part (a crash, or an assertion in its parser), so these files end the
 // reading child, never the program, and come back as damaged. Past the end of a text the
-// library may find something it takes for the next tag, and then the file loads.
+// library may find something it takes for the next tag, and then the file loads. The same
+// holds for the other faults of the library that end a process.
 TEST_F(BadFile, PartsEndingOnAnEntityAreRefusedWithoutCrashing) {
   const std::string head = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>";
   const std::string main = "http://schemas.openxmlformats.org/spreadsheetml/2006/main";
@@ -165,6 +166,10 @@ TEST_F(BadFile, PartsEndingOnAnEntityAreRefusedWithoutCrashing) {
   };
   const std::string name = sheets + "<definedNames><definedName name=\"";
   const std::string table = "<table:table table:name=\"";
+  const std::string cell = "S\"><table:table-row><table:table-cell><text:p>";
+  const std::string cellEnd =
+      "</text:p></table:table-cell></table:table-row></table:table>"
+      "</office:spreadsheet></office:body></office:document-content>";
   struct Case {
     const char* file;
     std::string bytes;
@@ -183,6 +188,18 @@ TEST_F(BadFile, PartsEndingOnAnEntityAreRefusedWithoutCrashing) {
       {"table-name-64k.ods", ods(across64k(content, table + "&amp;&1;")), false},
       {"cell-text.ods",
        ods(content + table + "S\"><table:table-row><table:table-cell><text:p>&amp;&1;"), true},
+      // Character references that are no number, or beyond Unicode, end the library's parser
+      // thread with an uncaught exception or an assertion.
+      {"char-ref.ods", ods(content + table + cell + "&#m;" + cellEnd), false},
+      {"char-ref-range.ods", ods(content + table + cell + "&#1114112;" + cellEnd), false},
+      {"char-ref.xlsx",
+       xlsx("xl/sharedStrings.xml",
+            head + "<sst xmlns=\"" + main + "\"><si><t>&#m;</t></si></sst>"),
+       false},
+      {"char-ref-range.xlsx",
+       xlsx("xl/sharedStrings.xml",
+            head + "<sst xmlns=\"" + main + "\"><si><t>&#x110000;</t></si></sst>"),
+       false},
   };
   for (const Case& c : cases) {
     std::string path = folder.file(c.file);
