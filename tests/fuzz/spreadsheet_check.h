@@ -41,25 +41,31 @@ inline bool sameImage(const fileio::WorkbookImage& a, const fileio::WorkbookImag
   return a.notes == b.notes;
 }
 
-// Whether an attribute value of `part` is still open at its end. Comments, processing
-// instructions and CDATA sections are skipped as the parser skips them.
+// Whether an attribute value of `part` may still be open at its end, as the library's parser
+// reads it: "&" to the next ";" is one entity, even across a quote. Comments and CDATA
+// sections are skipped; one that is not closed counts as open.
 inline bool valueRunsToEnd(std::string_view part) {
+  constexpr std::size_t npos = std::string_view::npos;
   std::size_t at = 0;
-  while ((at = part.find('<', at)) != std::string_view::npos) {
+  while ((at = part.find('<', at)) != npos) {
     std::string_view rest = part.substr(at);
     std::string_view close = rest.starts_with("<!--")        ? "-->"
                              : rest.starts_with("<![CDATA[") ? "]]>"
-                             : rest.starts_with("<?")        ? "?>"
                                                              : "";
     if (!close.empty()) {
       at = part.find(close, at + 2);
-      if (at == std::string_view::npos) return false;
+      if (at == npos) return true;
       continue;
     }
     for (++at; at < part.size() && part[at] != '>' && part[at] != '<'; ++at) {
-      if (part[at] != '"' && part[at] != '\'') continue;
-      at = part.find(part[at], at + 1);
-      if (at == std::string_view::npos) return true;
+      const char quote = part[at];
+      if (quote != '"' && quote != '\'') continue;
+      for (++at; at < part.size() && part[at] != quote; ++at) {
+        if (part[at] != '&') continue;
+        at = part.find(';', at);
+        if (at == npos) return false;  // no ";": the parser stops with an error it reports
+      }
+      if (at >= part.size()) return true;
     }
   }
   return false;
