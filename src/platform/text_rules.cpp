@@ -2,6 +2,7 @@
 
 #include <locale.h>
 
+#include <algorithm>
 #include <clocale>
 #include <cmath>
 #include <cstdlib>
@@ -194,6 +195,42 @@ std::string upperCase(std::string_view text) {
     appendUtf8(out, upperOf(cp));
   }
   return out;
+}
+
+int compareUtf16(std::string_view a, std::string_view b) {
+  const std::size_t n = std::min(a.size(), b.size());
+  std::size_t i = 0;
+  while (i < n && a[i] == b[i]) ++i;
+  if (i == n) return a.size() < b.size() ? -1 : a.size() > b.size() ? 1 : 0;
+  // The two characters that differ start where the shared prefix's last character does.
+  std::size_t start = i;
+  while (start > 0 && i - start < 3 && (static_cast<unsigned char>(a[start]) & 0xC0) == 0x80) {
+    --start;
+  }
+  std::size_t ia = start, ib = start;
+  bool validA = true, validB = true;
+  const char32_t ca = decode(a, ia, validA), cb = decode(b, ib, validB);
+  if (validA && validB && ca != cb) {
+    // Above U+FFFF the first code unit is a high surrogate (U+D800 to U+DBFF).
+    auto unit = [](char32_t c) { return c >= 0x10000 ? 0xD800 + ((c - 0x10000) >> 10) : c; };
+    if (unit(ca) != unit(cb)) return unit(ca) < unit(cb) ? -1 : 1;
+    return ca < cb ? -1 : 1;
+  }
+  return static_cast<unsigned char>(a[i]) < static_cast<unsigned char>(b[i]) ? -1 : 1;
+}
+
+std::size_t invalidUtf8At(std::string_view text) {
+  std::size_t i = 0;
+  while (i < text.size()) {
+    const std::size_t start = i;
+    bool valid = true;
+    const char32_t cp = decode(text, i, valid);
+    const std::size_t len = i - start;
+    const bool overlong =
+        (len == 2 && cp < 0x80) || (len == 3 && cp < 0x800) || (len == 4 && cp < 0x10000);
+    if (!valid || overlong || (cp >= 0xD800 && cp <= 0xDFFF) || cp > 0x10FFFF) return start;
+  }
+  return std::string_view::npos;
 }
 
 std::size_t charCount(std::string_view text) {

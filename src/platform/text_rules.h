@@ -28,6 +28,16 @@ std::string upperCase(std::string_view text);
 // Appends one code point as UTF-8.
 void appendUtf8(std::string& out, char32_t codePoint);
 
+// Binary order of texts as UTF-16 code units, the order of wide strings: negative, zero or
+// positive as `a` sorts before, with or after `b`. It differs from the order of UTF-8 bytes
+// only where a character above U+FFFF meets one from U+E000 to U+FFFF (the first sorts before:
+// its surrogates come first). Invalid bytes compare as bytes.
+int compareUtf16(std::string_view a, std::string_view b);
+
+// The byte offset of the first byte that is not part of well-formed UTF-8 (overlong forms,
+// surrogates and code points above U+10FFFF are not), or std::string_view::npos.
+std::size_t invalidUtf8At(std::string_view text);
+
 // Number of characters (code points) in UTF-8 text.
 std::size_t charCount(std::string_view text);
 

@@ -86,6 +86,46 @@ TEST(TextRules, CharactersAreCountedAndCutNotBytes) {
   EXPECT_EQ(findChars("abc", "x"), 0u);
 }
 
+TEST(TextRules, CompareUtf16OrdersByCodeUnitsNotBytes) {
+  struct Case {
+    const char* a;
+    const char* b;
+    int sign;
+  };
+  const Case cases[] = {
+      {"", "", 0},
+      {"a", "b", -1},
+      {"a", "", 1},
+      {"ab", "a", 1},
+      {"\u00e9", "z", 1},
+      {"\U0001F600", "\uFF5E", -1},    // a surrogate pair sorts before U+E000..U+FFFF
+      {"x\U0001F600", "x\uE000", -1},  // also after a shared prefix
+      {"\U0001F600", "\uD7FF", 1},
+      {"\U0001F600", "\U0001F601", -1},
+      {"\U00010400", "\U0001F600", -1},
+      {"\xff", "a", 1},  // invalid bytes compare as bytes
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(std::string(c.a) + " / " + c.b);
+    const int forward = compareUtf16(c.a, c.b), backward = compareUtf16(c.b, c.a);
+    EXPECT_EQ((forward > 0) - (forward < 0), c.sign);
+    EXPECT_EQ((backward > 0) - (backward < 0), -c.sign);
+  }
+}
+
+TEST(TextRules, InvalidUtf8IsFoundAtItsFirstByte) {
+  const std::pair<std::string, std::size_t> cases[] = {
+      {"Revenue \u65e5", std::string::npos},
+      {"Reven\xe9ue", 5},
+      {"ab\xe2\x82", 2},        // cut short
+      {"\xc0\x80", 0},          // overlong
+      {"x\xed\xa0\x80", 1},     // a surrogate
+      {"\xf4\x90\x80\x80", 0},  // beyond U+10FFFF
+      {"\xf0\x9f\x98\x80!", std::string::npos},
+  };
+  for (const auto& [text, at] : cases) EXPECT_EQ(invalidUtf8At(text), at) << text;
+}
+
 TEST(TextRules, ReplaceAllIsLeftToRightNonOverlapping) {
   EXPECT_EQ(replaceAll("aaa", "aa", "b"), "ba");
   EXPECT_EQ(replaceAll("Kestra Cache Kestra", "Kestra", "Acme"), "Acme Cache Acme");
